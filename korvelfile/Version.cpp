@@ -1,0 +1,3 @@
+#include "korvelfile/Version.h"
+
+const char* KorvelFileVersion() { return KORVELFILE_VERSION; }
