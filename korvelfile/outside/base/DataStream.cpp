@@ -1,0 +1,3 @@
+#include "korvelfile/outside/base/DataStream.h"
+
+DataStream::~DataStream() = default;
