@@ -5,7 +5,7 @@ set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/KorvelFile)
 
 install(TARGETS KorvelBase KorvelFile EXPORT KorvelFileTargets)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/korvelfile DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
-  FILES_MATCHING PATTERN "*.h" PATTERN detail EXCLUDE)
+  FILES_MATCHING PATTERN "*.h" PATTERN internal EXCLUDE)
 install(EXPORT KorvelFileTargets NAMESPACE KorvelFile:: DESTINATION ${package_folder})
 
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/KorvelFileConfig.cmake.in

@@ -45,7 +45,7 @@ int Height(std::string_view path) {
 }
 
 bool IsPublicHeader(std::string_view path) {
-  return path.ends_with(".h") && path.find("/detail/") == std::string_view::npos;
+  return path.ends_with(".h") && path.find("/internal/") == std::string_view::npos;
 }
 
 /// A leaf header stands as low as what it may include: the data layer.
@@ -90,7 +90,7 @@ TEST(Includes, FaultsAreFound) {
       {"korvelfile/measurements/A.h", "#include <newmatap.h>", true},
       {"korvelfile/measurements/A.h", "#include <boost/any.hpp>", true},
       {"korvelfile/measurements/A.cpp", "#include <newmat.h>", false},
-      {"korvelfile/measurements/detail/A.h", "#include <newmat.h>", false},
+      {"korvelfile/measurements/internal/A.h", "#include <newmat.h>", false},
       {"korvelfile/measurements/A.h", "#include <vector>", false},
   };
   for (const auto& c : kCases)
