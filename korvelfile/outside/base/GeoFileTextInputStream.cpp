@@ -1,8 +1,10 @@
 #include "korvelfile/outside/base/GeoFileTextInputStream.h"
 
 #include <cstddef>
+#include <string>
 
 #include "korvelfile/outside/base/GeoFile.h"
+#include "korvelfile/outside/base/Ghal.h"
 #include "korvelfile/outside/base/Text.h"
 
 bool HasKeyword(std::string_view line, std::string_view keyword) {
@@ -31,4 +33,11 @@ bool GeoFileTextInputStream::TestForTag(std::string_view tag) {
   if (!hasMore_ || line_ != tag) return false;
   NextLine();
   return true;
+}
+
+void GeoFileTextInputStream::ReportCutOff() {
+  if (isCutOffReported_) return;
+  isCutOffReported_ = true;
+  _GHAL::SystemMessage(Korvel::kDefaultLogLevel,
+                       "File is cut off after line " + std::to_string(lineNumber_));
 }

@@ -38,9 +38,13 @@ class KORVELBASE_EXPORT GeoFileTextInputStream {
   /// Moves to the next line.
   void NextLine();
 
+  /// Tells by a system message that the file ends within a block; once for each stream.
+  void ReportCutOff();
+
  private:
   GeoFile& file_;
   std::string_view line_;
   bool hasMore_ = false;
   int lineNumber_ = 0;
+  bool isCutOffReported_ = false;
 };

@@ -1,0 +1,3 @@
+#include "korvelfile/data/DataItemInterface.h"
+
+DataItemInterface::~DataItemInterface() = default;

@@ -1,0 +1,3 @@
+#include "korvelfile/data/Streamable.h"
+
+Streamable::~Streamable() = default;
