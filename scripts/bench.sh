@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds and runs the benchmarks; each prints its ratios to a floor measured in the same run.
 # Usage: scripts/bench.sh [NAME...]     (bench/NAME.cpp; all, unless told)
+# shellcheck source-path=SCRIPTDIR
 source "$(dirname "$0")/common.sh"
 
 configure release

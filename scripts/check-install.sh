@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the release build into a folder of its own and builds a small program against that copy,
 # once through find_package and once through pkg-config.
+# shellcheck source-path=SCRIPTDIR
 source "$(dirname "$0")/common.sh"
 
 prefix=$PWD/build/package/prefix

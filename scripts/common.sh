@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced by the other scripts: strict mode, the top folder as the working directory, helpers.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is needed, builds the tool and runs the sample job: a free station from four known
 # points, 30 new points from the station, and a plot of it all.
+# shellcheck source-path=SCRIPTDIR
 source "$(dirname "$0")/common.sh"
 
 scripts/install-deps.sh tool

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # Formats all sources, or with --check fails if one isn't formatted.
+# shellcheck source-path=SCRIPTDIR
 source "$(dirname "$0")/common.sh"
 
 how=(-i)

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Runs one fuzz target that is built already; see fuzz.sh.
 # Usage: scripts/fuzz-one.sh TARGET SECONDS
+# shellcheck source-path=SCRIPTDIR
 source "$(dirname "$0")/common.sh"
 
 target=$1

@@ -4,6 +4,7 @@
 #
 # A target names its seeds, files or folders, in its source: "// Seeds: fuzz/seeds/geo tests/golden/geo".
 # What it finds goes to build/fuzz/found/, its growing corpus to build/fuzz/corpus/.
+# shellcheck source-path=SCRIPTDIR
 source "$(dirname "$0")/common.sh"
 
 seconds=${1:-60}

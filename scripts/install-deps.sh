@@ -3,6 +3,7 @@
 # Usage: scripts/install-deps.sh [tool|all]
 #   tool  the compiler and the libraries of the library and its tool
 #   all   those, and what the tests, the sanitizers, fuzzing and the checks need (the default)
+# shellcheck source-path=SCRIPTDIR
 source "$(dirname "$0")/common.sh"
 
 tool_packages=(

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is needed and runs every check of the project.
 # Usage: scripts/test.sh [STEP...]     (release install asan tsan fuzz format docs; all, unless told)
+# shellcheck source-path=SCRIPTDIR
 source "$(dirname "$0")/common.sh"
 
 # build_and_test PRESET: the closing lines of ctest are kept for the summary.

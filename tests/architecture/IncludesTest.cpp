@@ -1,8 +1,6 @@
 // The layers of the library, read from the #include lines: an arrow goes down, never up. They are
 // described in docs/design.md.
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <array>
 #include <filesystem>
@@ -10,6 +8,8 @@
 #include <regex>
 #include <string>
 #include <string_view>
+
+#include <gtest/gtest.h>
 
 namespace {
 
@@ -20,12 +20,12 @@ struct Layer {
   int height;
 };
 constexpr std::array kLayers{
-    Layer{"korvelfile/outside/base/", 0},     Layer{"korvelfile/outside/xml/", 1},
-    Layer{"korvelfile/outside/model/", 1},    Layer{"korvelfile/outside/services/", 1},
-    Layer{"korvelfile/data/", 2},             Layer{"korvelfile/dxf/", 3},
-    Layer{"korvelfile/coordinates/", 4},      Layer{"korvelfile/measurements/", 5},
-    Layer{"korvelfile/alignments/", 5},       Layer{"korvelfile/corrections/", 5},
-    Layer{"korvelfile/roadmodel/", 5},        Layer{"korvelfile/", 1},
+    Layer{"korvelfile/outside/base/", 0},  Layer{"korvelfile/outside/xml/", 1},
+    Layer{"korvelfile/outside/model/", 1}, Layer{"korvelfile/outside/services/", 1},
+    Layer{"korvelfile/data/", 2},          Layer{"korvelfile/dxf/", 3},
+    Layer{"korvelfile/coordinates/", 4},   Layer{"korvelfile/measurements/", 5},
+    Layer{"korvelfile/alignments/", 5},    Layer{"korvelfile/corrections/", 5},
+    Layer{"korvelfile/roadmodel/", 5},     Layer{"korvelfile/", 1},
 };
 
 /// Included from every folder; they include nothing of their own layer but each other.
