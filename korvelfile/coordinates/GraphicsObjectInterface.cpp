@@ -1,0 +1,3 @@
+#include "korvelfile/coordinates/GraphicsObjectInterface.h"
+
+GraphicsObjectInterface::~GraphicsObjectInterface() = default;
