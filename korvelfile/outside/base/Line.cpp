@@ -1,0 +1,22 @@
+#include "korvelfile/outside/base/Line.h"
+
+#include <cmath>
+
+double Line::GetShare(const Vector& point) const {
+  const Vector along = GetVector();
+  const double square = along.GetScalarProduct(along);
+  return square == 0.0 ? 0.0 : along.GetScalarProduct(point - start_) / square;
+}
+
+Vector Line::GetFoot(const Vector& point) const { return start_ + GetVector() * GetShare(point); }
+
+double Line::GetDistance(const Vector& point) const {
+  const double share = GetShare(point);
+  if (share <= 0.0) return start_.GetDistance(point);
+  if (share >= 1.0) return end_.GetDistance(point);
+  return std::fabs(GetVector().GetCrossProduct(point - start_)) / GetLength();
+}
+
+bool Line::IsPointNear(const Vector& point, double distance) const {
+  return GetDistance(point) <= distance;
+}
