@@ -38,7 +38,7 @@ template <class Table>
 std::vector<std::string> CodeTexts(const Table& table) {
   std::vector<std::string> texts;
   for (const auto& row : table) {
-    if (CodeText(table, row.id) == row.text) texts.emplace_back(row.text);
+    if (std::string_view(CodeText(table, row.id)) == row.text) texts.emplace_back(row.text);
   }
   return texts;
 }

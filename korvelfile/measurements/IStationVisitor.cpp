@@ -1,0 +1,3 @@
+#include "korvelfile/measurements/IStationVisitor.h"
+
+IStationVisitor::~IStationVisitor() = default;
