@@ -56,6 +56,9 @@ class KORVELFILE_EXPORT DataCollectionInterface : public DataItemListObject {
  protected:
   void SetFaultLine(int line) { faultLine_ = line; }
 
+  /// For a writer that clears the flag by itself; it holds the collector's mutex.
+  void ClearDirty() { isDirty_ = false; }
+
  private:
   friend class ScopedDataCollectionLock;
 
