@@ -33,9 +33,8 @@ class KORVELFILE_EXPORT LineDataItem : public DataItem<LineDataItem>,
   const std::string& CodeText() const { return code_; }
 
   /// Appends a point.
-  void AddPoint(const std::string& name, double x, double y, double z,
-                const std::string& pointCode, const std::string& specialCode,
-                const std::string& remark);
+  void AddPoint(const std::string& name, double x, double y, double z, const std::string& pointCode,
+                const std::string& specialCode, const std::string& remark);
   void AddPoint(const std::string& name, const Vector3d& position, const std::string& pointCode,
                 const std::string& specialCode, const std::string& remark);
 

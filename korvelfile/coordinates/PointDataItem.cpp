@@ -4,6 +4,7 @@
 
 #include "korvelfile/coordinates/internal/LineNumber.h"
 #include "korvelfile/coordinates/internal/PointRow.h"
+#include "korvelfile/outside/base/Angles.h"
 #include "korvelfile/outside/base/DataStream.h"
 #include "korvelfile/outside/base/NumberText.h"
 #include "korvelfile/outside/base/Text.h"
@@ -11,7 +12,6 @@
 
 namespace {
 
-constexpr double kGonToRadians = 0.015707963267948967;
 constexpr std::size_t kNumberRemarkSize = 12;
 
 // A storing stream takes texts by reference and changes nothing.
@@ -73,7 +73,7 @@ double PointDataItem::GetRadius() const {
 
 bool PointDataItem::GetBearing(double& bearing) const {
   const bool hasBearing = GetSpecialCode() == "B";
-  bearing = hasBearing ? GetRemarkAsFloat() * kGonToRadians : 0.0;
+  bearing = hasBearing ? GetRemarkAsFloat() * kRadiansPerGon : 0.0;
   return hasBearing;
 }
 
@@ -104,8 +104,9 @@ int PointDataItem::SprintfStream(char* buffer, const char* indent) const {
 
 void PointDataItem::Stream(DataStream& stream, int /*version*/) {
   if (stream.IsStoring()) {
-    internal::PointFields{Unchanged(NameText()),     y, x, z, Unchanged(GetPointCode()),
-                          Unchanged(GetSpecialCode()), Unchanged(GetRemark())}
+    internal::PointFields{
+        Unchanged(NameText()), y, x, z, Unchanged(GetPointCode()), Unchanged(GetSpecialCode()),
+        Unchanged(GetRemark())}
         .Stream(stream);
     return;
   }

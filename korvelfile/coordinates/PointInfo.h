@@ -16,8 +16,8 @@ class PointInfo {
   /// @param bearing in radians, or undefined
   /// @param attributes child list of the point, owned by its file; or null
   /// @param fileIndex place of the file in the load, from 0
-  PointInfo(const Vector3d& position, double radius, double bearing,
-            DataItemListObject* attributes, unsigned char fileIndex)
+  PointInfo(const Vector3d& position, double radius, double bearing, DataItemListObject* attributes,
+            unsigned char fileIndex)
       : position_(position),
         radius_(radius),
         bearing_(bearing),

@@ -76,9 +76,7 @@ void AttributeFile::ChooseFile(const char* path) {
   fileName_ = path_.substr(path_.rfind('/') + 1);
 }
 
-void AttributeFile::InitDataItems() {
-  InsertItem(new FileHeader(kFileType, giAtrFileVersion), -1);
-}
+void AttributeFile::InitDataItems() { InsertItem(new FileHeader(kFileType, giAtrFileVersion), -1); }
 
 int AttributeFile::InitCollectorFileNoDisk() {
   const ScopedDataCollectionLock lock(*this);

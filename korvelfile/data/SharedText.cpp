@@ -17,7 +17,9 @@ SharedText::SharedText(const std::string& text) {
   Opaque::Make(storage_, text.empty() ? internal::DefaultFlyweight<Shared>() : Shared(text));
 }
 
-SharedText::SharedText(const SharedText& other) { Opaque::Make(storage_, Opaque::At(other.storage_)); }
+SharedText::SharedText(const SharedText& other) {
+  Opaque::Make(storage_, Opaque::At(other.storage_));
+}
 
 SharedText& SharedText::operator=(const SharedText& other) {
   Opaque::At(storage_) = Opaque::At(other.storage_);

@@ -1,13 +1,14 @@
 #pragma once
 
+#include <cstddef>
+#include <new>
+#include <utility>
+
 #include <boost/flyweight.hpp>
 #include <boost/flyweight/hashed_factory.hpp>
 #include <boost/flyweight/holder_tag.hpp>
 #include <boost/flyweight/refcounted.hpp>
 #include <boost/flyweight/simple_locking.hpp>
-#include <cstddef>
-#include <new>
-#include <utility>
 
 namespace internal {
 
@@ -27,10 +28,9 @@ struct UndyingHolder : boost::flyweights::holder_marker {
 
 /// A shared immutable value: hashed, reference counted, safe from any thread.
 template <class Value, class Hash>
-using Flyweight =
-    boost::flyweights::flyweight<Value, boost::flyweights::hashed_factory<Hash>,
-                                 boost::flyweights::simple_locking, boost::flyweights::refcounted,
-                                 UndyingHolder>;
+using Flyweight = boost::flyweights::flyweight<Value, boost::flyweights::hashed_factory<Hash>,
+                                               boost::flyweights::simple_locking,
+                                               boost::flyweights::refcounted, UndyingHolder>;
 
 /// The default value's flyweight: copying it spares the look-up.
 template <class Shared>

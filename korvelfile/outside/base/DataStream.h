@@ -32,9 +32,8 @@ class KORVELBASE_EXPORT DataStream {
   template <std::integral Integer>
   void Stream(Integer& value, Integer absent = 0) {
     using Limits = std::numeric_limits<Integer>;
-    value = static_cast<Integer>(
-        StreamInteger(value, absent, static_cast<long long>(Limits::min()),
-                      static_cast<long long>(Limits::max())));
+    value = static_cast<Integer>(StreamInteger(value, absent, static_cast<long long>(Limits::min()),
+                                               static_cast<long long>(Limits::max())));
   }
 
  protected:

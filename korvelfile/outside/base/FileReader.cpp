@@ -1,12 +1,12 @@
 #include "korvelfile/outside/base/FileReader.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -28,7 +28,7 @@ FileReader::~FileReader() {
 
 bool FileReader::Open(const std::string& path) {
   descriptor_ = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  struct stat status{};
+  struct stat status {};
   return descriptor_ >= 0 && fstat(descriptor_, &status) == 0 && !S_ISDIR(status.st_mode);
 }
 
@@ -75,7 +75,7 @@ bool FileReader::Seek(std::int64_t offset) {
 }
 
 std::int64_t FileReader::Size() const {
-  struct stat status{};
+  struct stat status {};
   return fstat(descriptor_, &status) == 0 ? status.st_size : -1;
 }
 

@@ -1,9 +1,5 @@
 #include "korvelfile/outside/base/FileReplacement.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
@@ -11,12 +7,16 @@
 #include <filesystem>
 #include <system_error>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace {
 
 namespace fs = std::filesystem;
 
 constexpr std::size_t kBufferSize = std::size_t{256} << 10U;
-constexpr int kMostLinks = 40;         // as the kernel follows them
+constexpr int kMostLinks = 40;          // as the kernel follows them
 constexpr std::size_t kNameRoom = 200;  // of the old name within the temporary one
 
 // Where `path` leads once its last component's links are followed, existing or not.
@@ -78,7 +78,7 @@ bool FileReplacement::OpenTemporary(int permissions) {
 bool FileReplacement::Open(const std::string& path) {
   buffer_.reserve(kBufferSize);
   target_ = FollowLinks(path);
-  struct stat old{};
+  struct stat old {};
   if (stat(target_.c_str(), &old) != 0) return errno == ENOENT && OpenTemporary(0666);
   if (S_ISDIR(old.st_mode)) return false;
   if (!S_ISREG(old.st_mode)) {

@@ -31,6 +31,8 @@ class KORVELBASE_EXPORT FileReplacement {
   /// @return false after this or an earlier failure
   bool Write(const void* bytes, std::size_t size);
 
+  bool HasFailed() const { return hasFailed_; }
+
   /// Puts the new file in place; false, with the old one untouched, after any failure.
   bool Commit();
 

@@ -74,6 +74,8 @@ int _FileIO::WriteFile(GeoFile& file, std::string_view bytes) {
   return WriteFile(file, bytes.data(), bytes.size());
 }
 
+bool _FileIO::HasFailed(const GeoFile& file) { return file.writer_ && file.writer_->HasFailed(); }
+
 int _FileIO::SeekFile(GeoFile& file, std::int64_t offset) {
   return Result(file.reader_ && file.reader_->Seek(offset));
 }
@@ -94,8 +96,8 @@ bool _FileIO::Exists(const std::string& path) {
 }
 
 int _FileIO::CloseFile(GeoFile& file) {
-  const bool success = (file.reader_ && !file.reader_->HasFailed()) ||
-                       (file.writer_ && file.writer_->Commit());
+  const bool success =
+      (file.reader_ && !file.reader_->HasFailed()) || (file.writer_ && file.writer_->Commit());
   AbandonFile(file);
   return Result(success);
 }

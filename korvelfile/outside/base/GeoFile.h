@@ -59,6 +59,9 @@ class KORVELBASE_EXPORT _FileIO {
   static int WriteFile(GeoFile& file, const void* bytes, std::size_t size);
   static int WriteFile(GeoFile& file, std::string_view bytes);
 
+  /// True if a write has failed.
+  static bool HasFailed(const GeoFile& file);
+
   /// Goes to `offset` bytes from the start of a file being read; 0 or -1.
   static int SeekFile(GeoFile& file, std::int64_t offset);
 

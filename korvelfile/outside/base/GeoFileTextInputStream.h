@@ -6,8 +6,8 @@
 
 class GeoFile;
 
-/// True if `line` starts with `keyword`, whatever the case of its letters, and a blank or the end of
-/// the line follows.
+/// True if `line` starts with `keyword`, whatever the case of its letters, and a blank or the end
+/// of the line follows.
 KORVELBASE_EXPORT bool HasKeyword(std::string_view line, std::string_view keyword);
 
 /// Walks the lines of an object text file.

@@ -1,11 +1,11 @@
 #include "korvelfile/outside/base/Ghal.h"
 
-#include <pwd.h>
-#include <unistd.h>
-
 #include <array>
 #include <mutex>
 #include <utility>
+
+#include <pwd.h>
+#include <unistd.h>
 
 #include "korvelfile/outside/base/Text.h"
 

@@ -1,13 +1,13 @@
 #include "korvelfile/outside/base/NumberText.h"
 
-#include <locale.h>
-#include <stdlib.h>
-
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <system_error>
+
+#include <locale.h>
+#include <stdlib.h>
 
 #include "korvelfile/outside/base/Text.h"
 #include "korvelfile/outside/base/Undefined.h"

@@ -1,13 +1,13 @@
 #include "korvelfile/outside/base/String.h"
 
-#include <locale.h>
-
 #include <algorithm>
 #include <cstdarg>
 #include <cstddef>
 #include <cstdio>
 #include <stdexcept>
 #include <vector>
+
+#include <locale.h>
 
 namespace {
 
@@ -16,8 +16,7 @@ struct Spelling {
   char spelled;  // stands behind a backslash
 };
 
-constexpr Spelling kSpellings[] = {
-    {'\n', 'n'}, {'\r', 'r'}, {'\t', 't'}, {'\\', '\\'}, {'"', '"'}};
+constexpr Spelling kSpellings[] = {{'\n', 'n'}, {'\r', 'r'}, {'\t', 't'}, {'\\', '\\'}, {'"', '"'}};
 
 const Spelling* FindPlain(char c) {
   const auto* found = std::find_if(std::begin(kSpellings), std::end(kSpellings),

@@ -1,0 +1,3 @@
+#include "korvelfile/coordinates/CoordinatesKeeper.h"
+
+CoordinatesKeeper::~CoordinatesKeeper() = default;

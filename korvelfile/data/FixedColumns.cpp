@@ -1,0 +1,51 @@
+#include "korvelfile/data/FixedColumns.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+#include "korvelfile/outside/base/NumberText.h"
+#include "korvelfile/outside/base/Text.h"
+
+std::string_view ColumnReader::Bytes(Column column) const {
+  const auto offset = static_cast<std::size_t>(column.offset);
+  if (offset >= line_.size()) return {};
+  return line_.substr(offset, static_cast<std::size_t>(column.width));
+}
+
+void ColumnReader::Stream(std::string_view& value, Column column) const {
+  value = TrimBlanksRight(Bytes(column));
+}
+
+void ColumnReader::Stream(double& value, Column column) const {
+  value = ParseDouble(Bytes(column));
+}
+
+void ColumnWriter::PutBlanks(int count) {
+  if (count > 0) end_ = std::fill_n(end_, count, ' ');
+}
+
+void ColumnWriter::GoTo(Column column) {
+  PutBlanks(column.offset - offset_);
+  offset_ = column.offset + column.width;
+}
+
+void ColumnWriter::Stream(std::string_view value, Column column) {
+  GoTo(column);
+  const std::size_t length = value.copy(end_, static_cast<std::size_t>(column.width));
+  end_ += length;
+  PutBlanks(column.width - static_cast<int>(length));
+}
+
+void ColumnWriter::Stream(double value, Column column) {
+  GoTo(column);
+  std::array<char, kFixedNumberSize> text;
+  char* const textEnd = PutFixed(text.data(), value, column.decimals);
+  PutBlanks(column.width - static_cast<int>(textEnd - text.data()));
+  end_ = std::copy(text.data(), textEnd, end_);
+}
+
+void ColumnWriter::Close(std::string_view text, int offset) {
+  GoTo({offset, static_cast<int>(text.size())});
+  end_ = std::copy(text.begin(), text.end(), end_);
+}
