@@ -33,7 +33,7 @@ void TakeAttributes(const RecordDataItem& record, PointDataItem& point) {
 InmCalculator::~InmCalculator() = default;
 
 void InmCalculator::CalcPoint(const StationDataItem& station, const RecordDataItem& record,
-                              PointDataItem& point, double* heightDiff) {
+                              PointDataItem& point, double* heightDiff) const {
   const double ppm = GetAtmPPMIfNotApplied(station);
   const double distance = GetHorDist(station, record, ppm);
   const double azimuth = GetHorAngle(station, record, ppm) + station.ZeroAngle;

@@ -27,5 +27,5 @@ class KORVELFILE_EXPORT InmCalculator {
   /// @param heightDiff receives the height difference from station mark to point, metres or
   ///   undefined; may be null
   void CalcPoint(const StationDataItem& station, const RecordDataItem& record, PointDataItem& point,
-                 double* heightDiff);
+                 double* heightDiff) const;
 };

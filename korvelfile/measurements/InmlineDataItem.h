@@ -8,8 +8,10 @@
 #include "korvelfile/data/Streamable.h"
 #include "korvelfile/measurements/PlmTypes.h"
 
-/// Records of a station that belong to one line or polygon. The item name is the line number; the
-/// list holds records, and further lines.
+/// Records of a station that belong to one line or polygon.
+///
+/// The item name is the line number. The list holds records and further lines in measuring order,
+/// and may hold a `GeoAttribList`; a file takes lines within lines up to 256 deep.
 class KORVELFILE_EXPORT InmlineDataItem : public DataItem<InmlineDataItem>,
                                           public DataItemListObject,
                                           public Streamable {
@@ -18,6 +20,7 @@ class KORVELFILE_EXPORT InmlineDataItem : public DataItem<InmlineDataItem>,
   std::string Code;           ///< line code
 
   InmlineDataItem() = default;
+  /// Copies all fields, and all items of the list.
   InmlineDataItem(const InmlineDataItem& other) = default;
   InmlineDataItem& operator=(InmlineDataItem other);
   ~InmlineDataItem() override = default;
@@ -29,6 +32,8 @@ class KORVELFILE_EXPORT InmlineDataItem : public DataItem<InmlineDataItem>,
   bool IsPolygon() const { return Polygon != 0; }
   void SetPolygon(bool isPolygon) { Polygon = isPolygon ? 1 : 0; }
 
+  /// The version of the `.plm` format.
   int GetVersion() const override { return PlmTypes::kVersion; }
+  /// Name, `Polygon`, code; the same in all versions.
   void Stream(DataStream& stream, int version) override;
 };

@@ -15,6 +15,7 @@ class GeoFileTextInputStream;
 /// letters; -1 if the file can't be written, and the old one stays.
 class KORVELFILE_EXPORT LevFile : public DataCollectionInterface {
  public:
+  /// Names the file; the path goes to the system as UTF-8.
   void SetFile(const std::wstring& path);
   std::wstring GetFile() const;
 

@@ -10,6 +10,9 @@
 #include "korvelfile/outside/base/Undefined.h"
 
 /// One reading of a levelling job. All lengths are metres, undefined where there is none.
+///
+/// Name and code are wide in memory and UTF-8 in the file; bytes of a file that are no UTF-8 come
+/// back as they were, see `Widen`.
 class KORVELFILE_EXPORT LevRecordItem : public DataItem<LevRecordItem>,
                                         public DataItemListObject,
                                         public Streamable {
@@ -24,9 +27,11 @@ class KORVELFILE_EXPORT LevRecordItem : public DataItem<LevRecordItem>,
   LevRecordItem& operator=(LevRecordItem&& other) = default;
   ~LevRecordItem() override = default;
 
+  /// The name of the point on which the staff stood.
   std::wstring GetPointName() const { return pointName_; }
   void SetPointName(const std::wstring& name) { pointName_ = name; }
 
+  /// What the reading is, in the application's own numbers.
   LevType GetLevType() const { return levType_; }
   void SetLevType(LevType type) { levType_ = type; }
 
@@ -46,6 +51,7 @@ class KORVELFILE_EXPORT LevRecordItem : public DataItem<LevRecordItem>,
   double GetDist() const { return dist_; }
   void SetDist(double distance) { dist_ = distance; }
 
+  /// The point code.
   std::wstring GetCode() const { return code_; }
   void SetCode(const std::wstring& code) { code_ = code; }
 

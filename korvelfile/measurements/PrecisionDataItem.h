@@ -7,7 +7,10 @@
 #include "korvelfile/measurements/PlmTypes.h"
 #include "korvelfile/outside/base/Undefined.h"
 
-/// The a-priori accuracy of an instrument, as standard errors.
+/// The a-priori accuracy of an instrument, as standard errors; undefined where nothing is known.
+///
+/// A measurement file holds one for all its stations. A station may hold its own for a free
+/// station, see `StationDataItem::GetFreeStationAPriori`.
 class KORVELFILE_EXPORT PrecisionDataItem : public DataItem<PrecisionDataItem>,
                                             public DataItemListObject,
                                             public Streamable {
@@ -26,6 +29,8 @@ class KORVELFILE_EXPORT PrecisionDataItem : public DataItem<PrecisionDataItem>,
   /// True if none of the first four fields is undefined.
   bool IsValid() const;
 
+  /// The version of the `.plm` format.
   int GetVersion() const override { return PlmTypes::kVersion; }
+  /// The fields in the order above; the fifth from `PlmTypes::kFifthError` on.
   void Stream(DataStream& stream, int version) override;
 };

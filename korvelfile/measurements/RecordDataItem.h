@@ -70,6 +70,7 @@ class KORVELFILE_EXPORT RecordDataItem : public DataItem<RecordDataItem>,
   /// Clears the bits of `usage` in "FSBU", which starts at 0.
   void RemoveBacksightUsage(BacksightUsage usage);
 
+  /// The version of the `.plm` format.
   int GetVersion() const override { return PlmTypes::kVersion; }
 
   /// The fields of the row, in file order; a blank `Type` is `PlmTypes::RecordAny`.

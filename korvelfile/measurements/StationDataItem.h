@@ -134,6 +134,7 @@ class KORVELFILE_EXPORT StationDataItem : public DataItem<StationDataItem>,
   /// @param visitor not null
   void Accept(std::shared_ptr<IStationVisitor> visitor);
 
+  /// The version of the `.plm` format.
   int GetVersion() const override { return PlmTypes::kVersion; }
 
   /// The fields of the row, in file order. Below `PlmTypes::kDateAsNumber` the date is a text: of a

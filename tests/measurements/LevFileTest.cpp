@@ -117,32 +117,4 @@ TEST_F(LevFileTest, MissingFile) {
   EXPECT_EQ(file_.GetFile(), L"/nowhere/job.lvt");
 }
 
-TEST_F(LevFileTest, CreatesAnEmptyFile) {
-  file_.SetFile(Widen(path_));
-  ASSERT_EQ(file_.InitCollector(), 0);
-  EXPECT_EQ(ReadBytes(path_), "");
-  ASSERT_EQ(file_.UseCollector(), 0);
-  EXPECT_TRUE(file_.empty());
-}
-
-TEST(LevRecordItem, MovesAndCopiesAllFields) {
-  LevRecordItem record;
-  record.SetPointName(L"A");
-  record.SetLevType(static_cast<LevRecordItem::LevType>(3));
-  record.SetBackwards(1);
-  record.SetForwards(2);
-  record.SetHeight(3);
-  record.SetDist(4);
-  record.SetCode(L"C");
-  LevRecordItem copy;
-  copy = record;
-  const LevRecordItem moved(std::move(copy));
-  EXPECT_EQ(moved.GetPointName() + moved.GetCode(), L"AC");
-  EXPECT_EQ(moved.GetLevType(), 3);
-  EXPECT_EQ(moved.GetBackwards(), 1);
-  EXPECT_EQ(moved.GetForwards(), 2);
-  EXPECT_EQ(moved.GetHeight(), 3);
-  EXPECT_EQ(moved.GetDist(), 4);
-}
-
 }  // namespace

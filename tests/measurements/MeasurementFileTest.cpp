@@ -381,21 +381,4 @@ TEST_F(MeasurementFileTest, NewFileTakesInfosAndAttributes) {
             "end\r\n");
 }
 
-TEST_F(MeasurementFileTest, GeneratesLinesInEveryStation) {
-  StartInMemory();
-  for (const char* name : {"S1", "S2"}) {
-    auto* station = new StationDataItem;
-    station->SetName(name);
-    for (const char* point : {"12.1", "12.2"}) {
-      auto* record = new RecordDataItem;
-      record->SetName(point);
-      station->InsertItem(record, -1);
-    }
-    file_.InsertItem(station, -1);
-  }
-  file_.GenerateLines();
-  for (std::size_t i : {3U, 4U})
-    EXPECT_TRUE(FindFirst<InmlineDataItem>(dynamic_cast<StationDataItem&>(file_[i])));
-}
-
 }  // namespace

@@ -56,7 +56,8 @@ TEST(RecordDataItem, BacksightUsageIsAMask) {
   EXPECT_FALSE(record.IsUsingBacksight(RecordDataItem::AnyBacksightUsage));
   record.RemoveBacksightUsage(Usage{2});
   EXPECT_TRUE(record.IsBacksightUsageInitialized());
-  record.AddBacksightUsage(Usage{0x105});
+  record.AddBacksightUsage(Usage{0x101});
+  record.AddBacksightUsage(Usage{5});
   EXPECT_TRUE(record.IsUsingBacksight(Usage{4}));
   EXPECT_FALSE(record.IsUsingBacksight(Usage{2}));
   record.RemoveBacksightUsage(Usage{7});
@@ -64,21 +65,6 @@ TEST(RecordDataItem, BacksightUsageIsAMask) {
   EXPECT_EQ(GeoAttrib::GetAttribute(&record, "fsbu")->Value, "256");
   GeoAttrib::PutAttribute(&record, "FSBU", "", false);
   EXPECT_FALSE(record.IsUsingBacksight(RecordDataItem::AnyBacksightUsage));
-}
-
-TEST(RecordDataItem, CopiesAreDeepAndShallowOnesLeaveTheList) {
-  RecordDataItem record;
-  record.SetName("A");
-  record.Remark = "old";
-  record.AddBacksightUsage(Usage{1});
-  RecordDataItem copy;
-  copy = record;
-  copy.RemoveBacksightUsage(Usage{1});
-  EXPECT_TRUE(record.IsUsingBacksight(Usage{1}));
-  RecordDataItem shallow;
-  shallow.CopyShallow(record);
-  EXPECT_EQ(shallow.GetName() + shallow.Remark, "Aold");
-  EXPECT_TRUE(shallow.empty());
 }
 
 }  // namespace
