@@ -1,0 +1,17 @@
+/// @file
+/// The two ways to read a coordinate file.
+#pragma once
+
+#include "fuzz/support/Harness.h"
+
+namespace fuzz {
+
+/// Reads `input` into items, asks them everything, and checks what they write.
+/// @param isExact see `CheckRewrite`
+void CheckPointReader(std::string_view input, const std::string& name,
+                      bool (*isExact)(const std::string& bytes));
+
+/// Reads `input` into the compact store and walks that in every way there is.
+void CheckStoreReader(std::string_view input, const std::string& name);
+
+}  // namespace fuzz
