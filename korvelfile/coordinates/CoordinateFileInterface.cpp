@@ -6,9 +6,12 @@
 
 #include "korvelfile/coordinates/LineDataItem.h"
 #include "korvelfile/coordinates/PointDataItem.h"
+#include "korvelfile/data/ScopedLock.h"
 #include "korvelfile/data/TypedItemCursor.h"
 
 namespace {
+
+using ListLock = Korvel::scoped_lock<DataItemListObject>;
 
 template <class T>
 T* FindByName(const DataItemListObject& list, const std::string& name) {
@@ -22,8 +25,16 @@ T* FindByName(const DataItemListObject& list, const std::string& name) {
 
 // Deletes the first point of this name; false if there is none.
 bool DeletePointByName(DataItemListObject& list, const std::string& name) {
+  const ListLock lock(list);
   auto* point = FindByName<PointDataItem>(list, name);
   return point && list.DeleteItem(point) == 0;
+}
+
+// Deletes item number `index` of the first line of this name; false if there is none.
+bool DeleteFromLine(const DataItemListObject& file, std::size_t index, const std::string& name) {
+  const ListLock lock(file);
+  auto* line = FindByName<LineDataItem>(file, name);
+  return line && line->DeleteItemByIndex(index) == 0;
 }
 
 }  // namespace
@@ -38,26 +49,34 @@ void CoordinateFileInterface::InsertLine(std::unique_ptr<LineDataItem> line) {
   InsertLine(line.release());
 }
 
-bool CoordinateFileInterface::TakePoint(PointDataItem* point, const LineDataItem* line) {
-  FlagDirty();
-  isExtentValid_ = false;
-  DataItemListObject* list = this;
-  if (line) list = FindByName<LineDataItem>(*this, line->NameText());
-  if (list) list->InsertItem(point, -1);
-  return list != nullptr;
-}
-
 void CoordinateFileInterface::InsertPoint(PointDataItem* point, const LineDataItem* line) {
-  TakePoint(point, line);
+  std::unique_ptr<PointDataItem> taken(point);
+  if (line) {
+    InsertInLine(taken, *line);
+  } else {
+    InsertPoint(std::move(taken));
+  }
+  taken.release();  // one that wasn't taken is still the caller's
 }
 
 void CoordinateFileInterface::InsertPoint(std::unique_ptr<PointDataItem> point) {
-  InsertPoint(point.release(), nullptr);
+  FlagDirty();
+  isExtentValid_ = false;
+  InsertItem(point.release(), -1);
 }
 
 void CoordinateFileInterface::InsertPoint(std::unique_ptr<PointDataItem> point,
                                           const LineDataItem& line) {
-  if (TakePoint(point.get(), &line)) point.release();
+  InsertInLine(point, line);
+}
+
+void CoordinateFileInterface::InsertInLine(std::unique_ptr<PointDataItem>& point,
+                                           const LineDataItem& line) {
+  FlagDirty();
+  isExtentValid_ = false;
+  const ListLock lock(*this);
+  auto* own = FindByName<LineDataItem>(*this, line.NameText());
+  if (own) own->InsertItem(point.release(), -1);
 }
 
 int CoordinateFileInterface::RemovePoint(int index, int line) {
@@ -72,10 +91,11 @@ int CoordinateFileInterface::RemovePoint(int index, int line) {
   return -1;
 }
 
+// The collector's mutex goes before a list's: the removals below flag when their walk is over.
+
 int CoordinateFileInterface::RemovePoint(int index, const char* lineName) {
   if (index < 0 || !lineName) return -1;
-  auto* line = FindByName<LineDataItem>(*this, lineName);
-  if (!line || line->DeleteItemByIndex(static_cast<std::size_t>(index)) != 0) return -1;
+  if (!DeleteFromLine(*this, static_cast<std::size_t>(index), lineName)) return -1;
   FlagDirty();
   return 0;
 }
@@ -154,4 +174,7 @@ double CoordinateFileInterface::GetMinZ() {
   return minZ_;
 }
 
-void CoordinateFileInterface::FreeCollector() { ClearListObject(); }
+void CoordinateFileInterface::FreeCollector() {
+  ClearListObject();
+  isExtentValid_ = false;
+}

@@ -40,7 +40,8 @@ class KORVELFILE_EXPORT CoordinateFileInterface : public DataCollectionInterface
   /// Not offered: always -1, and nothing changes.
   int RemovePoint(PointDataItem* point, LineDataItem* line);
 
-  /// The extent of all points, in metres. Worked out anew after an insertion, not after a removal.
+  /// The extent of all points, in metres. Worked out anew after an insertion or a new reading, not
+  /// after a removal.
   /// Without points the minima are 9.9e+100 and the maxima -9.9e+100. An undefined coordinate
   /// counts as the tiny number it is.
   virtual double GetMaxX();
@@ -57,7 +58,7 @@ class KORVELFILE_EXPORT CoordinateFileInterface : public DataCollectionInterface
   static constexpr double kFarOut = 9.9e+100;
 
   void FreeCollector() override;
-  bool TakePoint(PointDataItem* point, const LineDataItem* line);
+  void InsertInLine(std::unique_ptr<PointDataItem>& point, const LineDataItem& line);
   void WidenByPointsOf(const DataItemListObject& list);
 
   double minX_ = kFarOut;
