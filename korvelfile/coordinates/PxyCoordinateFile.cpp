@@ -12,6 +12,7 @@
 #include "korvelfile/data/FileVersions.h"
 #include "korvelfile/data/GeoAttribList.h"
 #include "korvelfile/data/TypedItemCursor.h"
+#include "korvelfile/outside/base/Ghal.h"
 #include "korvelfile/outside/base/Text.h"
 
 namespace {
@@ -92,6 +93,7 @@ void PxyCoordinateFile::InitDataItems() {
 int PxyCoordinateFile::InitCollectorFileNoDisk() {
   const ScopedDataCollectionLock lock(*this);
   ClearListObject();
+  dataHolder_.reset();
   InitDataItems();
   return 0;
 }
@@ -114,12 +116,13 @@ int PxyCoordinateFile::ReadCollectorFile() {
 }
 
 int PxyCoordinateFile::ReadByExtension(const std::string& extension) {
+  isLlc_ = EqualNoCase(extension, "llc");
+  dataHolder_.reset();
   if (IsColumnText(extension)) {
     InitDataItems();
     const bool isPxy = EqualNoCase(extension, "pxy");
     return isReadOnly_ ? ReadPxyFileSimple(isPxy) : ReadPxyFile(isPxy);
   }
-  isLlc_ = EqualNoCase(extension, "llc");
   if (isLlc_) return ReadGeoFile();
   if (!EqualNoCase(extension, "geo")) return kWrongForm;
   return isReadOnly_ ? ReadGeoFileSimple() : ReadGeoFile();
@@ -128,6 +131,12 @@ int PxyCoordinateFile::ReadByExtension(const std::string& extension) {
 int PxyCoordinateFile::WriteCollectorFile() {
   std::string extension;
   if (!ExtensionOf(path_, extension)) return kWrongForm;
+  if (dataHolder_) {
+    // The list lacks the points: writing it would empty the file.
+    _GHAL::SystemMessage(Korvel::kDefaultLogLevel, "File is open for reading only: ");
+    _GHAL::SystemMessage(Korvel::kDefaultLogLevel, path_);
+    return kWrongForm;
+  }
   if (IsColumnText(extension)) return WritePxyFile();
   const bool isObjectText = EqualNoCase(extension, "geo") || EqualNoCase(extension, "llc");
   return isObjectText ? WriteGeoFile() : kWrongForm;

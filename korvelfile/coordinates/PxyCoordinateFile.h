@@ -18,7 +18,7 @@ class LineDataItem;
 ///
 /// Loaded, its list holds a `FileHeader`, free points, lines with their points, and a
 /// `GeoAttribList` for the file. Read-only, points and lines go to the compact store of
-/// `GetDataHolder` instead, but for `.llc`.
+/// `GetDataHolder` instead, but for `.llc`; such a file isn't written.
 ///
 /// Results of its file operations: 0; -9 for a file that can't be opened, has a wrong form or an
 /// unknown extension; -10 without memory.
