@@ -146,7 +146,7 @@ bool SimpleCoordinateFile::State::CollectLines(std::vector<int>& hits, IsHit isH
       hits.push_back(currentLine);
     }
   }
-  if (anyHit) std::sort(hits.begin(), hits.end());
+  if (lines.Size() > 0) std::sort(hits.begin(), hits.end());
   return anyHit;
 }
 

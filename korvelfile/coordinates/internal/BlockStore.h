@@ -63,9 +63,11 @@ BlockStore<Record, kBlockSize>& BlockStore<Record, kBlockSize>::operator=(BlockS
 
 template <class Record, std::size_t kBlockSize>
 bool BlockStore<Record, kBlockSize>::AddBlock() {
-  auto* block = static_cast<Record*>(std::malloc(kBlockSize * sizeof(Record)));
-  if (block) blocks_.emplace_back(block);
-  return block != nullptr;
+  std::unique_ptr<Record[], Free> block(
+      static_cast<Record*>(std::malloc(kBlockSize * sizeof(Record))));
+  if (!block) return false;
+  blocks_.push_back(std::move(block));
+  return true;
 }
 
 template <class Record, std::size_t kBlockSize>
