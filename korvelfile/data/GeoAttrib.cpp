@@ -46,7 +46,7 @@ GeoAttrib& GeoAttrib::operator=(GeoAttrib other) {
 }
 
 GeoAttribList* GeoAttrib::GetAttribList(const DataItemListObject* list) {
-  return FindFirst<GeoAttribList>(*list);
+  return list ? FindFirst<GeoAttribList>(*list) : nullptr;
 }
 
 GeoAttrib* GeoAttrib::GetAttribute(const DataItemListObject* list, const char* name) {
@@ -107,9 +107,10 @@ void GeoAttrib::PutOrDeleteDoubleAttribute(DataItemListObject* list, const char*
 }
 
 void GeoAttrib::DeleteAttribute(DataItemListObject* list, const char* name) {
+  GeoAttrib* attribute = GetAttribute(list, name);
+  if (!attribute) return;
   GeoAttribList* attributes = GetAttribList(list);
-  if (!attributes) return;
-  if (GeoAttrib* attribute = GetAttribute(list, name)) attributes->DeleteItem(attribute);
+  attributes->DeleteItem(attribute);
   if (attributes->empty()) list->DeleteItem(attributes);
 }
 

@@ -28,10 +28,10 @@ class KORVELFILE_EXPORT GeoAttrib : public DataItem<GeoAttrib>,
   GeoAttrib& operator=(GeoAttrib other);
   ~GeoAttrib() override = default;
 
-  /// The first attribute list in `list`, or null.
+  /// The first attribute list in `list`, or null; null for a null `list`.
   static GeoAttribList* GetAttribList(const DataItemListObject* list);
 
-  /// The first attribute of this name, or null.
+  /// The first attribute of this name, or null; null for a null `list`.
   static GeoAttrib* GetAttribute(const DataItemListObject* list, const char* name);
 
   /// Puts an attribute with a text. The attribute list is made if there is none.

@@ -3,6 +3,6 @@
 #include "korvelfile/data/GeoAttrib.h"
 
 unsigned int GeoFileColors::GetObjectColor(const DataItemListObject* list) {
-  const GeoAttrib* colour = list ? GeoAttrib::GetAttribute(list, "COLOR") : nullptr;
+  const GeoAttrib* colour = GeoAttrib::GetAttribute(list, "COLOR");
   return colour ? static_cast<unsigned int>(colour->GetIntValue()) : ColorUndef;
 }
