@@ -1,5 +1,6 @@
 #include "korvelfile/data/AttributeFile.h"
 
+#include <new>
 #include <string_view>
 
 #include "korvelfile/data/FileHeader.h"
@@ -9,6 +10,7 @@
 #include "korvelfile/data/GeoAttribType.h"
 #include "korvelfile/data/ObjectText.h"
 #include "korvelfile/data/TypedItemCursor.h"
+#include "korvelfile/data/internal/ReadItem.h"
 #include "korvelfile/outside/base/GeoFile.h"
 #include "korvelfile/outside/base/GeoFileTextInputStream.h"
 #include "korvelfile/outside/base/Ghal.h"
@@ -20,19 +22,11 @@ constexpr const char* kListKeyword = "GeoAttribContextList";
 constexpr const char* kContextKeyword = "GeoAttribContext";
 constexpr const char* kTypeKeyword = "GeoAttribType";
 constexpr int kWrongForm = -9;
+constexpr int kNoMemory = -10;
 
 void Report(std::string_view text) { _GHAL::SystemMessage(Korvel::kDefaultLogLevel, text); }
 
-// Reads one row into a new item at the end of `list`; null if the row is another one.
-template <class T>
-T* ReadItem(GeoFileTextInputStream& in, DataItemListObject& list, const char* keyword,
-            int version) {
-  auto* item = new T;
-  list.InsertItem(item, -1);
-  if (!ReadObjectRow(in.GetLine(), keyword, item, version)) return nullptr;
-  in.NextLine();
-  return item;
-}
+using internal::ReadItem;
 
 bool ReadTypes(GeoFileTextInputStream& in, GeoAttribContext& context, int version) {
   if (!in.TestForTag("begin")) return true;
@@ -100,6 +94,14 @@ bool AttributeFile::ReadContent(GeoFileTextInputStream& in) {
 }
 
 int AttributeFile::ReadCollectorFile() {
+  try {
+    return ReadAtrFile();
+  } catch (const std::bad_alloc&) {
+    return kNoMemory;
+  }
+}
+
+int AttributeFile::ReadAtrFile() {
   ClearListObject();
   GeoFile file;
   if (_FileIO::OpenFile(file, path_, _FileIO::kRead, false) != 0) {

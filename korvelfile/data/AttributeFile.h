@@ -10,8 +10,8 @@ class GeoFileTextInputStream;
 
 /// The `.atr` file: a catalogue of attribute definitions for applications.
 ///
-/// Loaded, its list holds a `FileHeader`, then the contexts. Results are 0, or -9 for a file that
-/// can't be opened or has a wrong form.
+/// Loaded, its list holds a `FileHeader`, then the contexts. Results are 0; -9 for a file that
+/// can't be opened or has a wrong form; -10 without memory.
 class KORVELFILE_EXPORT AttributeFile : public AttributeFileInterface {
  public:
   /// Names the file; null stands for "nofile.atr".
@@ -27,6 +27,7 @@ class KORVELFILE_EXPORT AttributeFile : public AttributeFileInterface {
   int WriteCollectorFile() override;
   int CreateCollectorFile() override;
   void InitDataItems();
+  int ReadAtrFile();
   bool ReadContent(GeoFileTextInputStream& in);
   void WriteContexts(GeoFile& file);
 
