@@ -9,6 +9,10 @@ class FileInfoBase;
 
 /// Version, type and infos that open an object text file.
 class KORVELFILE_EXPORT FileHeaderBase : public virtual Streamable {
+ protected:
+  /// The info of exactly this name, or null.
+  virtual const FileInfoBase* FindInfo(const std::string& name) const = 0;
+
  public:
   /// The version number of the file, major in the high 16 bits; 0 if it has no valid one.
   int GetVersion() const override { return version_; }
@@ -36,9 +40,6 @@ class KORVELFILE_EXPORT FileHeaderBase : public virtual Streamable {
   /// The header row: magic with version, then the type. A row without the magic reads as version 0,
   /// with a system message.
   void Stream(DataStream& stream, int version) override;
-
- protected:
-  virtual const FileInfoBase* FindInfo(const std::string& name) const = 0;
 
  private:
   int version_ = 0;

@@ -34,6 +34,9 @@ class ItemConstIterator {
   ItemConstIterator& operator-=(difference_type n) { return *this += -n; }
   ItemConstIterator operator+(difference_type n) const { return ItemConstIterator(place_ + n); }
   ItemConstIterator operator-(difference_type n) const { return ItemConstIterator(place_ - n); }
+  friend ItemConstIterator operator+(difference_type n, const ItemConstIterator& i) {
+    return i + n;
+  }
   difference_type operator-(const ItemConstIterator& other) const { return place_ - other.place_; }
 
   friend bool operator==(const ItemConstIterator&, const ItemConstIterator&) = default;
@@ -65,5 +68,6 @@ class ItemIterator : public ItemConstIterator {
   ItemIterator& operator-=(difference_type n) { return *this += -n; }
   ItemIterator operator+(difference_type n) const { return ItemIterator(place_ + n); }
   ItemIterator operator-(difference_type n) const { return ItemIterator(place_ - n); }
+  friend ItemIterator operator+(difference_type n, const ItemIterator& i) { return i + n; }
   using ItemConstIterator::operator-;
 };
