@@ -1,0 +1,21 @@
+#pragma once
+
+#include "tools/korvel/StationOutcome.h"
+
+class StationDataItem;
+
+namespace korvel {
+
+class KnownPoints;
+struct StationOptions;
+
+/// Adjusts one station as a free station, establishes it and computes what it sighted.
+///
+/// Backsights are the records of type 7 that name a known point with plane coordinates, unless
+/// their attribute "FSBU" is there with none of its three lowest bits set. All records of other
+/// types that have a distance become new points. The station gets position and orientation, and
+/// the attributes "sE", "sN", "sZ" and "s0", which pass on to its point.
+StationOutcome ComputeStation(StationDataItem& station, const KnownPoints& known,
+                              const StationOptions& options);
+
+}  // namespace korvel

@@ -1,0 +1,109 @@
+#include "tools/korvel/SummaryText.h"
+
+#include <algorithm>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "tools/korvel/NumberFormat.h"
+#include "tools/korvel/Printable.h"
+#include "tools/korvel/TextTable.h"
+
+namespace {
+
+using korvel::Json;
+using korvel::TextTable;
+
+constexpr std::size_t kMembersShown = 25;
+constexpr const char* kIndent = "  ";
+
+// "points in lines" of "points_in_lines".
+std::string Title(std::string key) {
+  std::replace(key.begin(), key.end(), '_', ' ');
+  return key;
+}
+
+bool IsRange(const Json& value) { return value.is_object() && value.contains("missing"); }
+
+std::string RangeText(const Json& range) {
+  const auto missing = range["missing"].get<std::size_t>();
+  if (range["min"].is_null()) return "none";
+  return korvel::MetreText(range["min"].get<double>()) + " to " +
+         korvel::MetreText(range["max"].get<double>()) +
+         (missing > 0 ? ", " + std::to_string(missing) + " missing" : "");
+}
+
+std::string ValueText(const Json& value);
+
+// "ROAD 12, EDGE 7": the members, the most frequent first where they are counts.
+std::string ObjectText(const Json& object) {
+  std::vector<std::pair<std::string, Json>> members;
+  for (const auto& [key, value] : object.items()) members.emplace_back(key, value);
+  std::stable_sort(members.begin(), members.end(), [](const auto& a, const auto& b) {
+    return a.second.is_number() && b.second.is_number() && a.second > b.second;
+  });
+  std::string text;
+  for (std::size_t i = 0; i < std::min(members.size(), kMembersShown); ++i)
+    text += (i ? ", " : "") + members[i].first + ' ' + ValueText(members[i].second);
+  if (members.size() > kMembersShown)
+    text += " and " + std::to_string(members.size() - kMembersShown) + " more";
+  return text;
+}
+
+std::string ArrayText(const Json& array) {
+  std::string text;
+  for (const Json& value : array) text += (text.empty() ? "" : ", ") + ValueText(value);
+  return text;
+}
+
+std::string ValueText(const Json& value) {
+  if (value.is_null()) return "-";
+  if (value.is_string()) return value.get<std::string>();
+  if (value.is_number_float()) return korvel::MetreText(value.get<double>());
+  if (IsRange(value)) return RangeText(value);
+  if (value.is_object()) return ObjectText(value);
+  return value.is_array() ? ArrayText(value) : value.dump();
+}
+
+bool IsTable(const Json& value) {
+  return value.is_array() && !value.empty() && value.front().is_object();
+}
+
+// Headers and contexts: a line for each member.
+bool IsList(const std::string& key) { return key == "header" || key == "contexts"; }
+
+void PrintTable(const Json& rows, std::ostream& out) {
+  std::vector<std::string> keys;
+  for (const Json& row : rows)
+    for (const auto& [key, value] : row.items())
+      if (std::find(keys.begin(), keys.end(), key) == keys.end()) keys.push_back(key);
+  std::vector<TextTable::Column> columns;
+  for (const std::string& key : keys) columns.push_back({Title(key), TextTable::Align::Left});
+  TextTable table(columns);
+  for (const Json& row : rows) {
+    std::vector<std::string> cells;
+    for (const std::string& key : keys)
+      cells.push_back(row.contains(key) ? ValueText(row[key]) : "");
+    table.AddRow(cells);
+  }
+  table.Print(out, kIndent);
+}
+
+}  // namespace
+
+void korvel::PrintSummary(const Json& summary, std::ostream& out) {
+  TextTable table({{"", TextTable::Align::Left}, {"", TextTable::Align::Left}});
+  for (const auto& [key, value] : summary.items()) {
+    if (key == "file" || IsTable(value) || value.empty()) continue;
+    if (!IsList(key)) {
+      table.AddRow({Title(key), ValueText(value)});
+      continue;
+    }
+    for (const auto& [name, member] : value.items()) table.AddRow({name, ValueText(member)});
+  }
+  out << Printable(summary["file"].get<std::string>()) << '\n';
+  table.Print(out, kIndent);
+  for (const auto& [key, value] : summary.items())
+    if (IsTable(value)) PrintTable(value, out << '\n');
+  out << '\n';
+}

@@ -1,0 +1,3 @@
+#include "tools/korvel/App.h"
+
+int main(int argc, char** argv) { return korvel::RunApp(argc, argv); }
