@@ -25,6 +25,10 @@ if(KORVELFILE_WERROR)
   add_compile_options(-Werror)
 endif()
 
+# A library's calls of its own functions needn't go by way of the symbol table.
+add_compile_options(-fno-semantic-interposition)
+add_link_options(-Wl,-Bsymbolic-functions)
+
 # A fused multiply-add rounds once where the source rounds twice: the last digits of a computation
 # would hang on the processor it was compiled for.
 add_compile_options(-ffp-contract=off)

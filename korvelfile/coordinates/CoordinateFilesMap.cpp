@@ -1,19 +1,24 @@
-// The index is a hash table: a look-up needs the exact name only, and a million insertions into a
-// tree cost more than reading the files.
+// The index is a hash table of numbers into the list of names: a look-up needs the exact name only,
+// and a million insertions into a tree cost more than reading the files. Points wait in a short
+// queue until memory has brought their place in the table near.
 
 #include "korvelfile/coordinates/CoordinateFilesMap.h"
 
 #include <algorithm>
+#include <array>
 #include <cfloat>
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <string_view>
-#include <tuple>
-#include <unordered_map>
+#include <utility>
 
 #include "korvelfile/coordinates/LineDataItem.h"
 #include "korvelfile/coordinates/PointDataItem.h"
 #include "korvelfile/coordinates/PxyCoordinateFile.h"
+#include "korvelfile/data/ItemCast.h"
 #include "korvelfile/data/ScopedLock.h"
+#include "korvelfile/data/internal/DenseTable.h"
 #include "korvelfile/outside/base/Text.h"
 
 namespace {
@@ -45,6 +50,10 @@ std::shared_ptr<PxyCoordinateFile> OpenCoordinateFile(const std::string& path) {
   return file->UseCollector() == 0 ? file : nullptr;
 }
 
+std::uint32_t HashOf(const std::string& name) {
+  return static_cast<std::uint32_t>(std::hash<std::string>()(name));
+}
+
 std::string WithPoints(std::string name) {
   std::replace(name.begin(), name.end(), ',', '.');
   return name;
@@ -57,6 +66,7 @@ class CoordinateFilesMap::Implementation {
   ~Implementation() { Release(); }
 
   LoadResult Load(const std::vector<std::string>& files, const std::string& directory);
+  const PointInfo* Find(const std::string& name) const;
   void AddPoint(const std::string& name, const Vector3d& position);
   std::string SetAdditionalPoint(const std::string& name, const Vector3d& position);
 
@@ -65,24 +75,38 @@ class CoordinateFilesMap::Implementation {
   std::vector<std::string> fileNames;
   std::vector<std::string> pointList;
   std::vector<std::vector<std::string>> lineList;
-  std::unordered_map<std::string, PointInfo> points;
 
  private:
-  using Entry = std::pair<const std::string, PointInfo>;
+  using Number = internal::DenseTable::Number;
+
+  /// A point that is about to be indexed.
+  struct Waiting {
+    PointDataItem* point = nullptr;
+    std::string candidate;
+    std::string baseName;
+  };
 
   void Clear();
   void Release();
   bool OpenAll(const std::vector<std::string>& files, const std::string& directory);
   LoadResult IndexAll();
   void Reserve();
-  void IndexFile(PxyCoordinateFile& file, unsigned char fileIndex);
-  void IndexLine(LineDataItem& line, unsigned char fileIndex);
-  const std::string& IndexPoint(PointDataItem& point, const std::string& prefix,
-                                unsigned char fileIndex);
-  Entry& InsertUnique(std::string name, unsigned int& counter);
-  const std::string& InsertForeign(const std::string& name, const Vector3d& position);
+  void IndexFile(PxyCoordinateFile& file);
+  void IndexLine(LineDataItem& line);
+  void IndexSoon(PointDataItem& point, const std::string& prefix);
+  void IndexWaiting();
+  void Index(Waiting& waiting);
+  Number FindNumber(const std::string& name) const;
+  void InsertUnique(std::string name, const PointInfo& info, unsigned int& counter);
+  void InsertForeign(const std::string& name, const Vector3d& position);
+  void Erase(const std::string& name);
 
+  std::vector<PointInfo> infos_;  // of the points, in the order of their names in the list
+  internal::DenseTable numbers_;
+  std::array<Waiting, 8> queue_;
+  std::size_t nextInQueue_ = 0;
   std::string additionalPoint_;
+  unsigned char fileIndex_ = 0;           // of the load
   unsigned int counter_ = kFirstCounter;  // of the load, for unique names
   LoadResult result_ = NoPoints;
 };
@@ -97,7 +121,8 @@ void CoordinateFilesMap::Implementation::Release() {
 void CoordinateFilesMap::Implementation::Clear() {
   pointList.clear();
   lineList.clear();
-  points.clear();
+  infos_.clear();
+  numbers_.Clear();
   additionalPoint_.clear();
   Release();
   fileNames.clear();
@@ -129,10 +154,10 @@ CoordinateFilesMap::LoadResult CoordinateFilesMap::Implementation::IndexAll() {
   result_ = NoPoints;
   extent = Extent();
   Reserve();
-  unsigned char fileIndex = 0;
+  fileIndex_ = 0;
   for (const auto& object : graphicsObjects) {
-    if (auto* file = dynamic_cast<PxyCoordinateFile*>(object.get())) IndexFile(*file, fileIndex);
-    ++fileIndex;
+    if (auto* file = dynamic_cast<PxyCoordinateFile*>(object.get())) IndexFile(*file);
+    ++fileIndex_;
   }
   if (result_ == NoPoints) extent = {{1.0, 1.0, 1.0}, {0.0, 0.0, 0.0}};
   return result_;
@@ -144,86 +169,117 @@ void CoordinateFilesMap::Implementation::Reserve() {
   for (const auto& object : graphicsObjects) {
     if (const auto* file = dynamic_cast<PxyCoordinateFile*>(object.get())) count += file->size();
   }
-  points.reserve(count);
+  numbers_.Reserve(count);
+  infos_.reserve(count);
   pointList.reserve(count);
 }
 
-void CoordinateFilesMap::Implementation::IndexFile(PxyCoordinateFile& file,
-                                                   unsigned char fileIndex) {
+void CoordinateFilesMap::Implementation::IndexFile(PxyCoordinateFile& file) {
   const Korvel::scoped_lock<DataItemListObject> lock(file);
   for (DataItemInterface& item : file) {
-    if (auto* point = dynamic_cast<PointDataItem*>(&item)) {
-      pointList.push_back(IndexPoint(*point, "", fileIndex));
-    }
+    if (auto* point = ItemCast<PointDataItem>(&item)) IndexSoon(*point, "");
   }
+  IndexWaiting();
   for (DataItemInterface& item : file) {
-    if (auto* line = dynamic_cast<LineDataItem*>(&item)) IndexLine(*line, fileIndex);
+    if (auto* line = ItemCast<LineDataItem>(&item)) IndexLine(*line);
   }
 }
 
-void CoordinateFilesMap::Implementation::IndexLine(LineDataItem& line, unsigned char fileIndex) {
+void CoordinateFilesMap::Implementation::IndexLine(LineDataItem& line) {
   const Korvel::scoped_lock<DataItemListObject> lock(line);
   const std::string prefix = line.NameText() + '.';
-  std::vector<std::string> names;
+  const auto first = static_cast<std::ptrdiff_t>(pointList.size());
   for (DataItemInterface& item : line) {
-    auto* point = dynamic_cast<PointDataItem*>(&item);
-    if (point) names.push_back(IndexPoint(*point, prefix, fileIndex));
+    if (auto* point = ItemCast<PointDataItem>(&item)) IndexSoon(*point, prefix);
   }
-  pointList.insert(pointList.end(), names.begin(), names.end());
+  IndexWaiting();
+  std::vector<std::string> names(pointList.begin() + first, pointList.end());
   if (names.size() < 2) return;
   if (line.LineType != 0) names.push_back(names.front());
   lineList.push_back(std::move(names));
 }
 
-const std::string& CoordinateFilesMap::Implementation::IndexPoint(PointDataItem& point,
-                                                                  const std::string& prefix,
-                                                                  unsigned char fileIndex) {
-  const std::string full = prefix + point.NameText();
-  const std::string candidate(Trim(full));
-  Entry& entry = InsertUnique(WithPoints(candidate), counter_);
-  if (entry.first != candidate) {
+void CoordinateFilesMap::Implementation::IndexSoon(PointDataItem& point,
+                                                   const std::string& prefix) {
+  Waiting& waiting = queue_[nextInQueue_];
+  nextInQueue_ = (nextInQueue_ + 1) % queue_.size();
+  Index(waiting);
+  const std::string fullName = prefix + point.NameText();
+  waiting.point = &point;
+  waiting.candidate = Trim(fullName);
+  waiting.baseName = WithPoints(waiting.candidate);
+  numbers_.Prefetch(HashOf(waiting.baseName));
+}
+
+void CoordinateFilesMap::Implementation::IndexWaiting() {
+  for (std::size_t i = 0; i < queue_.size(); ++i) {
+    Index(queue_[(nextInQueue_ + i) % queue_.size()]);
+  }
+}
+
+void CoordinateFilesMap::Implementation::Index(Waiting& waiting) {
+  if (!waiting.point) return;
+  PointDataItem& point = *std::exchange(waiting.point, nullptr);
+  InsertUnique(waiting.baseName, {point, point.GetRadius(), point.GetBearing(), &point, fileIndex_},
+               counter_);
+  if (pointList.back() != waiting.candidate) {
     result_ = NamesChanged;
   } else if (result_ == NoPoints) {
     result_ = NamesKept;
   }
-  entry.second = PointInfo(point, point.GetRadius(), point.GetBearing(), &point, fileIndex);
   extent.Widen(point);
-  return entry.first;
 }
 
-// Puts a new entry under `name`, or under the first "name_x<counter>" that is free.
-CoordinateFilesMap::Implementation::Entry& CoordinateFilesMap::Implementation::InsertUnique(
-    std::string name, unsigned int& counter) {
-  auto [place, isNew] = points.try_emplace(name);
-  while (!isNew) {
-    std::tie(place, isNew) = points.try_emplace(name + "_x" + std::to_string(counter++));
+CoordinateFilesMap::Implementation::Number CoordinateFilesMap::Implementation::FindNumber(
+    const std::string& name) const {
+  return numbers_.Find(HashOf(name), [&](Number number) { return pointList[number] == name; });
+}
+
+const PointInfo* CoordinateFilesMap::Implementation::Find(const std::string& name) const {
+  const Number number = FindNumber(name);
+  return number == internal::DenseTable::kNone ? nullptr : &infos_[number];
+}
+
+// Appends a point under `name`, or under the first "name_x<counter>" that is free.
+void CoordinateFilesMap::Implementation::InsertUnique(std::string name, const PointInfo& info,
+                                                      unsigned int& counter) {
+  const std::size_t baseSize = name.size();
+  while (FindNumber(name) != internal::DenseTable::kNone) {
+    name.resize(baseSize);
+    name += "_x" + std::to_string(counter++);
   }
-  return *place;
+  numbers_.Insert(HashOf(name), static_cast<Number>(pointList.size()));
+  pointList.push_back(std::move(name));
+  infos_.push_back(info);
 }
 
-const std::string& CoordinateFilesMap::Implementation::InsertForeign(const std::string& name,
-                                                                     const Vector3d& position) {
+void CoordinateFilesMap::Implementation::InsertForeign(const std::string& name,
+                                                       const Vector3d& position) {
   unsigned int counter = kFirstCounter;
-  Entry& entry = InsertUnique(WithPoints(name), counter);
-  entry.second = PointInfo(position, 0.0, kUndefined, nullptr, PointInfo::kNoFile);
-  pointList.push_back(entry.first);
-  return entry.first;
+  InsertUnique(WithPoints(name), {position, 0.0, kUndefined, nullptr, PointInfo::kNoFile}, counter);
 }
 
 void CoordinateFilesMap::Implementation::AddPoint(const std::string& name,
                                                   const Vector3d& position) {
-  if (points.empty()) extent = Extent();
+  if (pointList.empty()) extent = Extent();
   InsertForeign(name, position);
   extent.Widen(position);
 }
 
+void CoordinateFilesMap::Implementation::Erase(const std::string& name) {
+  const Number number = FindNumber(name);
+  if (number == internal::DenseTable::kNone) return;
+  numbers_.Erase(HashOf(name), number);
+  numbers_.CloseUp(number);
+  pointList.erase(pointList.begin() + number);
+  infos_.erase(infos_.begin() + number);
+}
+
 std::string CoordinateFilesMap::Implementation::SetAdditionalPoint(const std::string& name,
                                                                    const Vector3d& position) {
-  if (!additionalPoint_.empty()) {
-    std::erase(pointList, additionalPoint_);
-    points.erase(additionalPoint_);
-  }
-  additionalPoint_ = InsertForeign(name, position);
+  if (!additionalPoint_.empty()) Erase(additionalPoint_);
+  InsertForeign(name, position);
+  additionalPoint_ = pointList.back();
   return additionalPoint_;
 }
 
@@ -241,10 +297,9 @@ CoordinateFilesMap::LoadResult CoordinateFilesMap::LoadFiles(const std::vector<s
 }
 
 bool CoordinateFilesMap::GetPoint(const std::string& name, PointInfo& info) const {
-  const auto found = implementation_->points.find(name);
-  if (found == implementation_->points.end()) return false;
-  info = found->second;
-  return true;
+  const PointInfo* found = implementation_->Find(name);
+  if (found) info = *found;
+  return found != nullptr;
 }
 
 void CoordinateFilesMap::AddPoint(const std::string& name, const Vector3d& position) {

@@ -24,6 +24,9 @@ PointDataItem::PointDataItem(const Vector3d& position, const std::string& name,
                              const std::string& remark)
     : DataItem(name), Vector3d(position), codes_({pointCode, specialCode, remark}) {}
 
+PointDataItem::PointDataItem(const Vector3d& position, const detail::SharedCodes& codes)
+    : Vector3d(position), codes_(codes) {}
+
 PointDataItem::PointDataItem(const PointDataItem& other)
     : DataItem(other),
       DataItemListObject(other),

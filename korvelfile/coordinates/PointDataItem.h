@@ -11,10 +11,6 @@
 #include "korvelfile/data/Streamable.h"
 #include "korvelfile/outside/base/Vector3d.h"
 
-namespace internal {
-struct PointRow;
-}
-
 /// Kind of a point, for applications.
 enum class PointDataItemType : int {
   Ordinary = 0,
@@ -34,6 +30,8 @@ class KORVELFILE_EXPORT PointDataItem : public DataItem<PointDataItem>,
   PointDataItem() = default;
   PointDataItem(const Vector3d& position, const std::string& name, const std::string& pointCode,
                 const std::string& specialCode, const std::string& remark);
+  /// A point without a name, with a triple that others have already: needs no look-up at all.
+  PointDataItem(const Vector3d& position, const detail::SharedCodes& codes);
   /// The link of a copy is null.
   PointDataItem(const PointDataItem& other);
   /// Takes everything but the link, which stays.

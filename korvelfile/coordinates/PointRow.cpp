@@ -2,7 +2,9 @@
 
 #include "korvelfile/coordinates/PointDataItem.h"
 #include "korvelfile/data/ObjectText.h"
+#include "korvelfile/outside/base/DataTextInputStream.h"
 #include "korvelfile/outside/base/DataTextOutputStream.h"
+#include "korvelfile/outside/base/GeoFileTextInputStream.h"
 #include "korvelfile/outside/base/Text.h"
 
 namespace internal {
@@ -20,6 +22,13 @@ void PointFields::Stream(DataStream& stream) const {
 void PointRow::Read(DataStream& stream) {
   PointFields{name, y, x, z, pointCode, specialCode, remark}.Stream(stream);
   if (specialCode == "R" || specialCode == "C") remark = FirstCommaToPoint(std::move(remark));
+}
+
+bool PointRow::Read(std::string_view row) {
+  if (!HasKeyword(row, kPointKeyword)) return false;
+  DataTextInputStream fields(row.substr(kPointKeyword.size()));
+  Read(fields);
+  return true;
 }
 
 void AppendPointRow(std::string& out, int indent, const PointDataItem& point) {

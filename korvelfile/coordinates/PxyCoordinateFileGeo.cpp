@@ -9,16 +9,18 @@
 #include "korvelfile/coordinates/PointDataItem.h"
 #include "korvelfile/coordinates/PxyCoordinateFile.h"
 #include "korvelfile/coordinates/SimpleCoordinateFile.h"
+#include "korvelfile/coordinates/internal/CodesCache.h"
 #include "korvelfile/coordinates/internal/GeoGrammar.h"
+#include "korvelfile/coordinates/internal/NameQueue.h"
 #include "korvelfile/coordinates/internal/PointRow.h"
 #include "korvelfile/data/AttributeRows.h"
 #include "korvelfile/data/FileHeaderRows.h"
 #include "korvelfile/data/FileVersions.h"
 #include "korvelfile/data/GeoAttribList.h"
 #include "korvelfile/data/GeoFileColors.h"
+#include "korvelfile/data/ItemCast.h"
 #include "korvelfile/data/ObjectText.h"
 #include "korvelfile/data/ScopedLock.h"
-#include "korvelfile/outside/base/DataTextInputStream.h"
 #include "korvelfile/outside/base/GeoFile.h"
 #include "korvelfile/outside/base/GeoFileTextInputStream.h"
 #include "korvelfile/outside/base/Ghal.h"
@@ -36,15 +38,17 @@ void Report(std::string_view text, const std::string& path) {
 // Makes items of what is read.
 class ItemSink {
  public:
-  explicit ItemSink(DataItemListObject& file) : file_(file), points_(&file) {}
+  explicit ItemSink(DataItemListObject& file) : file_(file), lock_(file), points_(&file) {}
 
   bool TakesVersion(int version) const { return version <= giMarlinGeoFileVersion; }
 
-  DataItemListObject* Point(std::string_view row, int version) {
-    auto* point = new PointDataItem;
+  DataItemListObject* Point(std::string_view row, int /*version*/) {
+    if (!row_.Read(row)) return nullptr;
+    auto* point = new PointDataItem({row_.x, row_.y, row_.z},
+                                    codes_.Get(row_.pointCode, row_.specialCode, row_.remark));
     points_->InsertItem(point, -1);
-    if (!ReadObjectRow(row, internal::kPointKeyword, point, version)) return nullptr;
-    if (point->GetSpecialCode() == "R") point->SetType(PointDataItemType::Radius);
+    names_.Add(*point, row_.name);
+    if (row_.specialCode == "R") point->SetType(PointDataItemType::Radius);
     return point;
   }
   void EndPoint() {}
@@ -59,7 +63,11 @@ class ItemSink {
 
  private:
   DataItemListObject& file_;
+  const Korvel::scoped_lock<DataItemListObject> lock_;
   DataItemListObject* points_;
+  internal::PointRow row_;
+  internal::CodesCache codes_;
+  internal::NameQueue names_;
 };
 
 // Puts what is read into a compact store. Only colours are kept of the attributes.
@@ -70,10 +78,7 @@ class StoreSink {
   bool TakesVersion(int /*version*/) const { return true; }
 
   DataItemListObject* Point(std::string_view row, int /*version*/) {
-    if (!HasKeyword(row, internal::kPointKeyword)) return nullptr;
-    DataTextInputStream fields(row.substr(internal::kPointKeyword.size()));
-    row_.Read(fields);
-    return &pointAttributes_;
+    return row_.Read(row) ? &pointAttributes_ : nullptr;
   }
 
   void EndPoint() {
@@ -127,7 +132,7 @@ bool WriteList(GeoFile& file, DataItemListObject& list, int indent, const char* 
   WriteTag(file, indent, keyword);
   bool hasItems = false;
   for (DataItemInterface& candidate : list) {
-    auto* item = dynamic_cast<T*>(&candidate);
+    auto* item = ItemCast<T>(&candidate);
     if (!item) continue;
     if (!hasItems) WriteTag(file, indent, "begin");
     hasItems = true;
@@ -164,8 +169,9 @@ int PxyCoordinateFile::ReadGeoFile() {
   return ReadGeo([this](GeoFileTextInputStream& in) {
     ItemSink sink(*this);
     internal::GeoGrammar grammar(in, *this, sink);
+    if (!grammar.ReadHeader() || !grammar.ReadLists()) return false;
     bool hasAttributes = false;
-    if (!grammar.ReadContent() || !grammar.ReadFileAttributes(hasAttributes)) return false;
+    if (!grammar.ReadFileAttributes(hasAttributes)) return false;
     if (!hasAttributes) InsertItem(new GeoAttribList, -1);
     return true;
   });
@@ -174,11 +180,12 @@ int PxyCoordinateFile::ReadGeoFile() {
 int PxyCoordinateFile::ReadGeoFileSimple() {
   return ReadGeo([this](GeoFileTextInputStream& in) {
     auto store = std::make_shared<SimpleCoordinateFile>();
-    dataHolder_ = store;
     StoreSink sink(*store);
     internal::GeoGrammar grammar(in, *this, sink);
+    if (!grammar.ReadHeader()) return false;
+    dataHolder_ = store;
     bool hasAttributes = false;
-    if (!grammar.ReadContent() || !grammar.ReadFileAttributes(hasAttributes)) return false;
+    if (!grammar.ReadLists() || !grammar.ReadFileAttributes(hasAttributes)) return false;
     if (hasAttributes) store->SetFileColor(GeoFileColors::GetObjectColor(this));
     store->FinishedReading();
     return true;

@@ -10,9 +10,12 @@
 #include "korvelfile/coordinates/PointDataItem.h"
 #include "korvelfile/coordinates/PxyCoordinateFile.h"
 #include "korvelfile/coordinates/SimpleCoordinateFile.h"
+#include "korvelfile/coordinates/internal/CodesCache.h"
+#include "korvelfile/coordinates/internal/NameQueue.h"
 #include "korvelfile/coordinates/internal/PxyRecord.h"
 #include "korvelfile/data/FixedColumns.h"
 #include "korvelfile/data/GeoFileColors.h"
+#include "korvelfile/data/ItemCast.h"
 #include "korvelfile/data/ScopedLock.h"
 #include "korvelfile/outside/base/GeoFile.h"
 #include "korvelfile/outside/base/Ghal.h"
@@ -47,21 +50,25 @@ std::string_view PointNameOf(std::string_view name) { return name.substr(name.rf
 // Makes items of what is read.
 class ItemSink {
  public:
-  explicit ItemSink(PxyCoordinateFile& file) : file_(file) {}
+  explicit ItemSink(PxyCoordinateFile& file) : file_(file), lock_(file) {}
 
   void StartLine(std::string_view name) { line_ = file_.CreateLine(std::string(name), 0); }
 
   void AddPoint(const PxyRecord& record, bool isInLine) {
     DataItemListObject& list = isInLine ? static_cast<DataItemListObject&>(*line_) : file_;
-    list.InsertItem(new PointDataItem({record.x, record.y, record.z}, std::string(record.name),
-                                      std::string(record.pointCode),
-                                      std::string(record.specialCode), std::string(record.remark)),
-                    -1);
+    auto* point =
+        new PointDataItem({record.x, record.y, record.z},
+                          codes_.Get(record.pointCode, record.specialCode, record.remark));
+    list.InsertItem(point, -1);
+    names_.Add(*point, record.name);
   }
 
  private:
   PxyCoordinateFile& file_;
+  const Korvel::scoped_lock<DataItemListObject> lock_;
   LineDataItem* line_ = nullptr;
+  internal::CodesCache codes_;
+  internal::NameQueue names_;
 };
 
 // Puts what is read into a compact store.
@@ -95,10 +102,18 @@ bool SkipHeader(GeoFile& file) {
   return true;
 }
 
+// Opens a file to read its point lines; gives 0 or the result of the failure.
+int OpenBehindHeader(const std::string& path, GeoFile& file) {
+  if (_FileIO::OpenFile(file, path, _FileIO::kRead, true) != 0) return ReportCantOpen(path);
+  if (SkipHeader(file)) return 0;
+  Report("Bogus pxy-file!");
+  return kWrongForm;
+}
+
 // Reads all point lines. A change of the line name starts a line; a plain point between the points
 // of a line doesn't end it.
 template <class Sink>
-void ReadPoints(GeoFile& file, bool isPxy, Sink sink) {
+void ReadPoints(GeoFile& file, bool isPxy, Sink& sink) {
   std::string lastLineName;
   std::string_view line;
   PxyRecord record;
@@ -113,18 +128,6 @@ void ReadPoints(GeoFile& file, bool isPxy, Sink sink) {
     }
     sink.AddPoint(record, isInLine);
   }
-}
-
-template <class Sink>
-int ReadFile(const std::string& path, bool isPxy, Sink sink) {
-  GeoFile file;
-  if (_FileIO::OpenFile(file, path, _FileIO::kRead, true) != 0) return ReportCantOpen(path);
-  if (!SkipHeader(file)) {
-    Report("Bogus pxy-file!");
-    return kWrongForm;
-  }
-  ReadPoints(file, isPxy, sink);
-  return _FileIO::CloseFile(file);
 }
 
 HeaderLine FirstHeaderLine() {
@@ -165,27 +168,47 @@ void WritePxyPoint(const std::string& lineName, const PointDataItem& point, GeoF
   _FileIO::WriteFile(file, line.data(), static_cast<std::size_t>(end - line.data()));
 }
 
-void WritePoints(const std::string& lineName, const DataItemListObject& list, GeoFile& file) {
+void WriteLine(LineDataItem& line, GeoFile& file) {
+  const Korvel::scoped_lock<DataItemListObject> lock(line);
+  for (DataItemInterface& item : line) {
+    if (const auto* point = ItemCast<PointDataItem>(&item)) {
+      WritePxyPoint(line.NameText(), *point, file);
+    }
+  }
+}
+
+void WriteItems(DataItemListObject& list, GeoFile& file) {
   const Korvel::scoped_lock<DataItemListObject> lock(list);
-  for (const DataItemInterface& item : list) {
-    if (const auto* point = dynamic_cast<const PointDataItem*>(&item)) {
-      WritePxyPoint(lineName, *point, file);
-    } else if (const auto* line = dynamic_cast<const LineDataItem*>(&item)) {
-      WritePoints(line->NameText(), *line, file);
+  for (DataItemInterface& item : list) {
+    if (const auto* point = ItemCast<PointDataItem>(&item)) {
+      WritePxyPoint("", *point, file);
+    } else if (auto* line = ItemCast<LineDataItem>(&item)) {
+      WriteLine(*line, file);
     }
   }
 }
 
 }  // namespace
 
-int PxyCoordinateFile::ReadPxyFile(bool isPxy) { return ReadFile(path_, isPxy, ItemSink(*this)); }
+int PxyCoordinateFile::ReadPxyFile(bool isPxy) {
+  GeoFile file;
+  const int result = OpenBehindHeader(path_, file);
+  if (result != 0) return result;
+  ItemSink sink(*this);
+  ReadPoints(file, isPxy, sink);
+  return _FileIO::CloseFile(file);
+}
 
 int PxyCoordinateFile::ReadPxyFileSimple(bool isPxy) {
+  GeoFile file;
+  const int result = OpenBehindHeader(path_, file);
+  if (result != 0) return result;
   auto store = std::make_shared<SimpleCoordinateFile>();
   dataHolder_ = store;
-  const int result = ReadFile(path_, isPxy, StoreSink(*store));
+  StoreSink sink(*store);
+  ReadPoints(file, isPxy, sink);
   store->FinishedReading();
-  return result;
+  return _FileIO::CloseFile(file);
 }
 
 int PxyCoordinateFile::WritePxyFile() {
@@ -193,6 +216,6 @@ int PxyCoordinateFile::WritePxyFile() {
   GeoFile file;
   if (_FileIO::OpenFile(file, path_, _FileIO::kReplace, false) != 0) return ReportCantOpen(path_);
   WriteHeader(file);
-  WritePoints("", *this, file);
+  WriteItems(*this, file);
   return _FileIO::CloseFile(file);
 }

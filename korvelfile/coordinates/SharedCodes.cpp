@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 
 #include "korvelfile/data/internal/Flyweight.h"
 
@@ -20,20 +21,19 @@ struct CodesHash {
 };
 
 using Shared = internal::Flyweight<CodesAndRemark, CodesHash>;
-using Opaque = internal::OpaqueFlyweight<Shared, sizeof(void*)>;
+using Opaque = internal::OpaqueFlyweight<Shared>;
 
 }  // namespace
 
-SharedCodes::SharedCodes() { Opaque::Make(storage_, internal::DefaultFlyweight<Shared>()); }
+SharedCodes::SharedCodes() { Opaque::Clear(storage_); }
 
-SharedCodes::SharedCodes(const CodesAndRemark& codes) { Opaque::Make(storage_, Shared(codes)); }
+SharedCodes::SharedCodes(const CodesAndRemark& codes) { Opaque::Make(storage_, codes); }
 
-SharedCodes::SharedCodes(const SharedCodes& other) {
-  Opaque::Make(storage_, Opaque::At(other.storage_));
-}
+SharedCodes::SharedCodes(const SharedCodes& other) { Opaque::MakeCopy(storage_, other.storage_); }
 
 SharedCodes& SharedCodes::operator=(const SharedCodes& other) {
-  Opaque::At(storage_) = Opaque::At(other.storage_);
+  SharedCodes copy(other);
+  Swap(copy);
   return *this;
 }
 
@@ -45,10 +45,8 @@ SharedCodes& SharedCodes::operator=(const CodesAndRemark& codes) {
 
 SharedCodes::~SharedCodes() { Opaque::Destroy(storage_); }
 
-void SharedCodes::Swap(SharedCodes& other) {
-  Opaque::At(storage_).swap(Opaque::At(other.storage_));
-}
+void SharedCodes::Swap(SharedCodes& other) { std::swap(storage_, other.storage_); }
 
-const CodesAndRemark& SharedCodes::Get() const { return Opaque::At(storage_).get(); }
+const CodesAndRemark& SharedCodes::Get() const { return Opaque::Get(storage_); }
 
 }  // namespace detail

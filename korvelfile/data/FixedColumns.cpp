@@ -4,22 +4,6 @@
 #include <array>
 #include <cstddef>
 
-#include "korvelfile/outside/base/NumberText.h"
-#include "korvelfile/outside/base/Text.h"
-
-std::string_view ColumnReader::Bytes(Column column) const {
-  const auto offset = static_cast<std::size_t>(column.offset);
-  if (offset >= line_.size()) return {};
-  return line_.substr(offset, static_cast<std::size_t>(column.width));
-}
-
-void ColumnReader::Stream(std::string_view& value, Column column) const {
-  value = TrimBlanksRight(Bytes(column));
-}
-
-void ColumnReader::Stream(double& value, Column column) const {
-  value = ParseDouble(Bytes(column));
-}
 
 void ColumnWriter::PutBlanks(int count) {
   if (count > 0) end_ = std::fill_n(end_, count, ' ');

@@ -11,9 +11,12 @@
 ///     }
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 #include "korvelfile/Export.h"
+#include "korvelfile/outside/base/NumberText.h"
+#include "korvelfile/outside/base/Text.h"
 
 /// Where a record keeps a field, in bytes from its start.
 struct Column {
@@ -23,19 +26,25 @@ struct Column {
 };
 
 /// Takes the fields of one line. A column beyond the end of the line is blank: an empty text, or 0.
-class KORVELFILE_EXPORT ColumnReader {
+class ColumnReader {
  public:
   /// @param line must outlive the texts taken from it
   explicit ColumnReader(std::string_view line) : line_(line) {}
 
   /// The column without the blanks at its end.
-  void Stream(std::string_view& value, Column column) const;
+  void Stream(std::string_view& value, Column column) const {
+    value = TrimBlanksRight(Bytes(column));
+  }
 
   /// The number at the start of the column, see `ParseDouble`.
-  void Stream(double& value, Column column) const;
+  void Stream(double& value, Column column) const { value = ParseDouble(Bytes(column)); }
 
  private:
-  std::string_view Bytes(Column column) const;
+  std::string_view Bytes(Column column) const {
+    const auto offset = static_cast<std::size_t>(column.offset);
+    if (offset >= line_.size()) return {};
+    return line_.substr(offset, static_cast<std::size_t>(column.width));
+  }
 
   std::string_view line_;
 };

@@ -19,6 +19,12 @@ class KORVELFILE_EXPORT SharedText {
   SharedText& operator=(const std::string& text);
   ~SharedText();
 
+  void Swap(SharedText& other);
+
+  /// Tells that `text` will be shared soon. Called some hundred nanoseconds ahead for each of many
+  /// texts, it hides the time that memory takes to answer.
+  static void Expect(const std::string& text);
+
   /// Valid for as long as an object with this text lives.
   const std::string& Get() const;
 

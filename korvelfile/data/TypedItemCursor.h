@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "korvelfile/data/DataItemListObject.h"
+#include "korvelfile/data/ItemCast.h"
 #include "korvelfile/data/ScopedLock.h"
 
 /// Walks the items of the class `T` in a list and passes by all others.
@@ -17,13 +18,15 @@ class TypedItemCursor {
   explicit TypedItemCursor(const DataItemListObject& list) : list_(list) {}
 
   /// Gives the next item.
-  /// @return 0; 1 at the end of the list, with the mutex released
+  /// @return 0; 1 at the end of the list, with the mutex released and `item` unchanged
   int Next(T*& item) {
     if (index_ < 0) return -1;
     lock_ = std::make_shared<ListLock>(list_);
     while (index_ < list_.GetNumberOfItems()) {
-      item = dynamic_cast<T*>(list_.GetItem(static_cast<std::size_t>(index_++)));
-      if (item) return 0;
+      T* const found = ItemCast<T>(list_.GetItem(static_cast<std::size_t>(index_++)));
+      if (!found) continue;
+      item = found;
+      return 0;
     }
     lock_.reset();
     return 1;

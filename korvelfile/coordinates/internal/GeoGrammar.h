@@ -23,8 +23,11 @@ class GeoGrammar {
   GeoGrammar(GeoFileTextInputStream& in, DataItemListObject& list, Sink& sink)
       : in_(in), list_(list), sink_(sink) {}
 
-  /// Reads up to the file's own attribute list; false where the form is wrong.
-  bool ReadContent();
+  /// Reads the header; false where the form is wrong or the sink doesn't take the version.
+  bool ReadHeader();
+
+  /// Reads the lists of points and lines; false where the form is wrong.
+  bool ReadLists();
 
   /// Reads the file's attribute list.
   /// @param isThere receives whether there is one
@@ -44,9 +47,13 @@ class GeoGrammar {
 };
 
 template <class Sink>
-bool GeoGrammar<Sink>::ReadContent() {
-  return ReadFileHeader(in_, &list_, version_) && sink_.TakesVersion(version_) && ReadPointList() &&
-         ReadLineList();
+bool GeoGrammar<Sink>::ReadHeader() {
+  return ReadFileHeader(in_, &list_, version_) && sink_.TakesVersion(version_);
+}
+
+template <class Sink>
+bool GeoGrammar<Sink>::ReadLists() {
+  return ReadPointList() && ReadLineList();
 }
 
 template <class Sink>

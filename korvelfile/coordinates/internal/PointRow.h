@@ -33,6 +33,9 @@ struct PointRow {
   std::string specialCode;
   std::string remark;
 
+  /// Reads a whole row; false if its keyword is another one.
+  bool Read(std::string_view row);
+
   /// Reads the fields behind the keyword. The first comma in the remark of a radius ("R") or a "C"
   /// becomes a decimal point.
   void Read(DataStream& stream);

@@ -7,9 +7,23 @@
 #include "korvelfile/outside/base/String.h"
 #include "korvelfile/outside/base/Text.h"
 
+namespace {
+
+// The number at the start of `text`, which moves forward, though not always to its end.
+double TakeNumber(std::string_view& text, double absent) {
+  if (text.empty() || text.front() == ',') return absent;
+  return text.front() == '?' ? std::numeric_limits<double>::max() : TakeDouble(text);
+}
+
+}  // namespace
+
 DataTextInputStream::DataTextInputStream(std::string_view fields) : rest_(fields) {}
 
 void DataTextInputStream::SkipPastComma() {
+  if (rest_.starts_with(',')) {  // as a rule it stands right here
+    rest_.remove_prefix(1);
+    return;
+  }
   const std::size_t comma = rest_.find(',');
   rest_.remove_prefix(comma == std::string_view::npos ? rest_.size() : comma + 1);
 }
@@ -50,17 +64,12 @@ void DataTextInputStream::Stream(std::string& value, std::string_view absent) {
 
 void DataTextInputStream::Stream(double& value, double absent) {
   rest_ = TrimLeft(rest_);
-  if (!rest_.empty() && rest_.front() == '"') {
-    value = ParseDouble(TakeQuoted().text);
+  if (rest_.starts_with('"')) {
+    std::string_view text = TakeQuoted().text;
+    value = TakeNumber(text, absent);
     return;
   }
-  if (rest_.empty() || rest_.front() == ',') {
-    value = absent;
-  } else if (rest_.front() == '?') {
-    value = std::numeric_limits<double>::max();
-  } else {
-    value = TakeDouble(rest_);
-  }
+  value = TakeNumber(rest_, absent);
   SkipPastComma();
 }
 

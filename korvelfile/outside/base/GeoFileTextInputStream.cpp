@@ -10,7 +10,7 @@
 bool HasKeyword(std::string_view line, std::string_view keyword) {
   const std::size_t length = keyword.size();
   if (line.size() < length || (line.size() > length && line[length] != ' ')) return false;
-  return EqualNoCase(line.substr(0, length), keyword);
+  return line.starts_with(keyword) || EqualNoCase(line.substr(0, length), keyword);
 }
 
 GeoFileTextInputStream::GeoFileTextInputStream(GeoFile& file) : file_(file) { NextLine(); }

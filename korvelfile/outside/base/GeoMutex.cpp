@@ -15,11 +15,12 @@ bool GeoMutex::IsHeldByMe(std::uint32_t me) const {
 
 bool GeoMutex::TryLock() {
   const std::uint32_t me = _Thread::GetThreadID();
-  std::uint32_t expected = kFree;
-  if (!holder_.compare_exchange_strong(expected, me, std::memory_order_acquire,
-                                       std::memory_order_relaxed) &&
-      !IsHeldByMe(me)) {
-    return false;
+  if (!IsHeldByMe(me)) {
+    std::uint32_t expected = kFree;
+    if (!holder_.compare_exchange_strong(expected, me, std::memory_order_acquire,
+                                         std::memory_order_relaxed)) {
+      return false;
+    }
   }
   ++depth_;
   return true;
