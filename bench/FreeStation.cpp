@@ -4,12 +4,10 @@
 // the library passes through: the same matrices, as often, and nothing else. The library reduces
 // the observations, finds the first position, sets the equations up and reports besides.
 
-#include <algorithm>
 #include <array>
-#include <chrono>
 #include <cmath>
+#include <cstddef>
 #include <cstdio>
-#include <limits>
 #include <string>
 #include <vector>
 
@@ -19,6 +17,7 @@
 #include "korvelfile/measurements/FreeStnResult.h"
 #include "korvelfile/measurements/RecordDataItem.h"
 #include "korvelfile/measurements/StationDataItem.h"
+#include "support/Ratio.h"
 
 namespace {
 
@@ -171,15 +170,15 @@ double AdjustByFloor(const Equations& equations) {
   return floor.StdDev();
 }
 
-// Microseconds of one call, over a batch of them.
+constexpr int kCalls = 1000;
+
 template <class Call>
-double Microseconds(Call call) {
-  constexpr int kCalls = 500;
-  const auto start = std::chrono::steady_clock::now();
-  double sum = 0.0;
-  for (int i = 0; i < kCalls; ++i) sum += call();
-  const std::chrono::duration<double, std::micro> spent = std::chrono::steady_clock::now() - start;
-  return std::isfinite(sum) ? spent.count() / kCalls : -1.0;
+Work Repeated(Call call) {
+  return [call] {
+    double sum = 0.0;
+    for (int i = 0; i < kCalls; ++i) sum += call();
+    Keep(sum);
+  };
 }
 
 }  // namespace
@@ -192,17 +191,8 @@ int main() {
     std::printf("floor and library differ by %g in the unit weight\n", difference);
     return 1;
   }
-
-  // The quickest of many batches taken in turn: what the code needs, without what disturbed it.
-  double library = std::numeric_limits<double>::max();
-  double floor = library;
-  for (int round = 0; round < 200; ++round) {
-    floor = std::min(floor, Microseconds([&] { return AdjustByFloor(equations); }));
-    library = std::min(library, Microseconds([&] { return AdjustByLibrary(job); }));
-  }
-  std::printf("free station, %d backsights, %zu iterations\n", kBacksights, equations.steps.size());
-  std::printf("  Newmat alone  %8.3f us\n", floor);
-  std::printf("  library       %8.3f us\n", library);
-  std::printf("  ratio         %8.3f  (at most %.1f)\n", library / floor, kWantedRatio);
+  PrintRatio("1000 free stations, six full backsights", kWantedRatio, 200,
+             Repeated([&] { return AdjustByFloor(equations); }),
+             Repeated([&] { return AdjustByLibrary(job); }));
   return 0;
 }
