@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
 #include <system_error>
 
 #include <locale.h>
@@ -15,10 +16,19 @@
 namespace {
 
 constexpr int kMaxDecimals = 20;
+constexpr int kMaxDigits = 17;
 constexpr std::string_view kUnlimitedText = "?";
 
-bool IsHexPrefix(std::string_view text) {
-  return text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
+bool IsHexPrefix(const char* digits, const char* end) {
+  return end - digits > 2 && digits[0] == '0' && (digits[1] == 'x' || digits[1] == 'X');
+}
+
+bool StartsHexNumber(char c) {
+  return (c >= '0' && c <= '9') || (LowerCase(c) >= 'a' && LowerCase(c) <= 'f') || c == '.';
+}
+
+bool StartsNumber(char c) {
+  return (c >= '0' && c <= '9') || c == '.' || c == 'i' || c == 'I' || c == 'n' || c == 'N';
 }
 
 // std::from_chars leaves the value alone beyond the range of double, where atof tells apart too
@@ -28,40 +38,48 @@ double ParseBeyondRange(const char* first, const char* last) {
   return strtod_l(std::string(first, last).c_str(), nullptr, cLocale);
 }
 
-// What from_chars made of the characters behind the sign; moves `digits` past the number.
-double TakeUnsigned(std::string_view& digits) {
-  const bool hex = IsHexPrefix(digits);
-  const char* first = digits.data() + (hex ? 2 : 0);
-  const char* last = digits.data() + digits.size();
-  double value = 0.0;
-  const auto format = hex ? std::chars_format::hex : std::chars_format::general;
-  auto [end, error] = std::from_chars(first, last, value, format);
-  if (error == std::errc::result_out_of_range) value = ParseBeyondRange(digits.data(), end);
-  if (error == std::errc::invalid_argument) {
-    value = 0.0;
-    if (hex) end = digits.data() + 1;  // the 0 before the x is a number of its own
+struct Number {
+  double value;
+  const char* end;  // null where no number stands
+};
+
+Number FromChars(const char* first, const char* last, std::chars_format format) {
+  Number number{0.0, nullptr};
+  const auto [end, error] = std::from_chars(first, last, number.value, format);
+  if (error == std::errc::invalid_argument) return {0.0, nullptr};
+  if (error == std::errc::result_out_of_range) {
+    const std::ptrdiff_t prefix = format == std::chars_format::hex ? 2 : 0;
+    number.value = ParseBeyondRange(first - prefix, end);
   }
-  digits.remove_prefix(static_cast<std::size_t>(end - digits.data()));
-  return value;
+  number.end = end;
+  return number;
 }
 
-bool StartsNumber(char c) {
-  return (c >= '0' && c <= '9') || c == '.' || c == 'i' || c == 'I' || c == 'n' || c == 'N';
+// A number in hexadecimal digits; without any, the 0 before the x is a number of its own. Left to
+// itself std::from_chars would also take a sign or "inf" behind the x.
+Number HexFromChars(const char* digits, const char* last, bool isNegative) {
+  Number number{0.0, nullptr};
+  if (StartsHexNumber(digits[2])) number = FromChars(digits + 2, last, std::chars_format::hex);
+  if (!number.end) return {isNegative ? -0.0 : 0.0, digits + 1};
+  if (isNegative) number.value = -number.value;
+  return number;
 }
 
 }  // namespace
 
 double TakeDouble(std::string_view& text) {
   text = TrimLeft(text);
-  if (text.empty()) return 0.0;
-  const bool negative = text.front() == '-';
-  const bool hasSign = negative || text.front() == '+';
-  std::string_view digits = text.substr(hasSign ? 1 : 0);
-  if (digits.empty() || !StartsNumber(digits.front())) return 0.0;
-  const std::size_t before = digits.size();
-  const double value = TakeUnsigned(digits);
-  if (digits.size() != before) text = digits;
-  return negative ? -value : value;
+  const char* first = text.data();
+  const char* const last = first + text.size();
+  if (first == last) return 0.0;
+  const bool isNegative = *first == '-';
+  const char* const digits = first + (isNegative || *first == '+' ? 1 : 0);
+  if (digits == last || !StartsNumber(*digits)) return 0.0;
+  const Number number = IsHexPrefix(digits, last) ? HexFromChars(digits, last, isNegative)
+                                                  : FromChars(isNegative ? first : digits, last,
+                                                              std::chars_format::general);
+  if (number.end) text.remove_prefix(static_cast<std::size_t>(number.end - first));
+  return number.value;
 }
 
 double ParseDouble(std::string_view text) { return TakeDouble(text); }
@@ -112,6 +130,7 @@ std::string ScientificText(double value) {
 std::string GeneralText(double value, int digits) {
   std::array<char, kObjectNumberSize> buffer;
   const auto format = std::chars_format::general;
-  return {buffer.data(),
-          std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, format, digits).ptr};
+  return {buffer.data(), std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, format,
+                                       std::clamp(digits, 1, kMaxDigits))
+                             .ptr};
 }

@@ -63,5 +63,6 @@ KORVELBASE_EXPORT std::string FixedText(double value, int decimals);
 /// "%.15e" of `value`.
 KORVELBASE_EXPORT std::string ScientificText(double value);
 
-/// "%.*g" of `value` with `digits` significant digits, 1 to 17.
+/// "%.*g" of `value` with `digits` significant digits; beyond 1 to 17 they count as the nearer
+/// limit.
 KORVELBASE_EXPORT std::string GeneralText(double value, int digits);
