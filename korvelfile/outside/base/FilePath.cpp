@@ -9,7 +9,8 @@ FilePathT::FilePathT(std::string_view path) {
   const std::size_t nameStart = slash == std::string_view::npos ? 0 : slash + 1;
   directory_ = path.substr(0, nameStart);
   const std::string_view name = path.substr(nameStart);
-  const std::size_t dot = name.rfind('.');
+  std::size_t dot = name.rfind('.');
+  if (dot == name.size() - 1) dot = std::string_view::npos;
   basename_ = name.substr(0, dot);
   if (dot != std::string_view::npos) extension_ = name.substr(dot + 1);
 }

@@ -9,7 +9,7 @@ namespace Korvel {
 
 /// A path taken apart into directory, base name and extension. Only "/" separates directories.
 ///
-/// The extension is what follows the last "." of the last component.
+/// The extension is what follows the last "." of the last component, if anything does.
 class KORVELBASE_EXPORT FilePathT {
  public:
   explicit FilePathT(std::string_view path);

@@ -75,16 +75,22 @@ bool FileReplacement::OpenTemporary(int permissions) {
   return descriptor_ >= 0;
 }
 
+bool FileReplacement::OpenDirectly(const std::string& path) {
+  descriptor_ = open(path.c_str(), O_WRONLY | O_CLOEXEC);
+  return descriptor_ >= 0;
+}
+
+// What stands at the path is asked for before its links are followed: a link in /proc may lead to
+// a pipe, which has no name to follow it to.
 bool FileReplacement::Open(const std::string& path) {
   buffer_.reserve(kBufferSize);
-  target_ = FollowLinks(path);
   struct stat old {};
-  if (stat(target_.c_str(), &old) != 0) return errno == ENOENT && OpenTemporary(0666);
-  if (S_ISDIR(old.st_mode)) return false;
-  if (!S_ISREG(old.st_mode)) {
-    descriptor_ = open(target_.c_str(), O_WRONLY | O_CLOEXEC);
-    return descriptor_ >= 0;
-  }
+  const bool exists = stat(path.c_str(), &old) == 0;
+  if (path.empty() || (!exists && errno != ENOENT)) return false;
+  if (exists && S_ISDIR(old.st_mode)) return false;
+  if (exists && !S_ISREG(old.st_mode)) return OpenDirectly(path);
+  target_ = FollowLinks(path);
+  if (!exists) return OpenTemporary(0666);
   if (faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) return false;
   if (!OpenTemporary(0600)) return false;
   TakeOver(descriptor_, old);

@@ -37,6 +37,7 @@ class KORVELBASE_EXPORT FileReplacement {
   bool Commit();
 
  private:
+  bool OpenDirectly(const std::string& path);
   bool OpenTemporary(int permissions);
   bool WriteOut(const char* bytes, std::size_t size);
   bool Flush();

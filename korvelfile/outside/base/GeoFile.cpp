@@ -24,8 +24,9 @@ int Result(bool success) { return success ? kSuccess : kFailure; }
 fs::path FindEntry(const fs::path& folder, const fs::path& name) {
   std::error_code error;
   if (fs::exists(folder / name, error)) return folder / name;
-  for (const auto& entry : fs::directory_iterator(folder.empty() ? "." : folder, error)) {
-    const fs::path found = entry.path().filename();
+  fs::directory_iterator entry(folder.empty() ? "." : folder, error);
+  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+    const fs::path found = entry->path().filename();
     if (EqualNoCase(found.native(), name.native())) return folder / found;
   }
   return {};
