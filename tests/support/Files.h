@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -28,6 +29,15 @@ class TempFolder {
 
   /// The path of the file `name` in the folder.
   std::string Path(std::string_view name) const { return (path_ / name).string(); }
+
+  /// What lies in the folder now.
+  std::set<std::string> Names() const {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(path_)) {
+      names.insert(entry.path().filename().string());
+    }
+    return names;
+  }
 
  private:
   std::filesystem::path path_;

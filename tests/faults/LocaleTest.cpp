@@ -1,0 +1,155 @@
+// Locales with a decimal comma, thousands marks and another encoding change nothing in any file.
+
+#include <clocale>
+#include <limits>
+#include <locale>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "korvelfile/coordinates/PxyCoordinateFile.h"
+#include "korvelfile/data/AttributeFile.h"
+#include "korvelfile/measurements/LevFile.h"
+#include "korvelfile/measurements/MeasurementFile.h"
+#include "korvelfile/outside/base/GeoFile.h"
+#include "korvelfile/outside/base/NumberText.h"
+#include "korvelfile/outside/base/String.h"
+#include "korvelfile/outside/base/Text.h"
+#include "tests/support/Files.h"
+#include "tests/support/Surroundings.h"
+
+namespace {
+
+// The process runs under a locale for the life of this, as an application may set it.
+class ProcessLocale {
+ public:
+  explicit ProcessLocale(const std::string& name) {
+    try {
+      std::locale::global(std::locale(name));
+    } catch (const std::runtime_error&) {
+      ADD_FAILURE() << "no locale " << name << "; scripts/install-deps.sh makes it";
+    }
+    EXPECT_NE(std::setlocale(LC_ALL, name.c_str()), nullptr) << name;
+  }
+  ~ProcessLocale() {
+    std::locale::global(std::locale::classic());
+    std::setlocale(LC_ALL, "C");
+  }
+  ProcessLocale(const ProcessLocale&) = delete;
+  ProcessLocale& operator=(const ProcessLocale&) = delete;
+};
+
+class LocaleTest : public testing::TestWithParam<const char*> {
+ protected:
+  LocaleTest() { SetGoldenIdentity(); }
+
+  CaughtMessages messages_;
+  TempFolder folder_;
+};
+
+// A locale that isn't in force would let all the rest pass.
+TEST_P(LocaleTest, IsInForce) {
+  const ProcessLocale locale(GetParam());
+  EXPECT_STREQ(std::localeconv()->decimal_point, ",");
+  EXPECT_EQ(std::use_facet<std::numpunct<char>>(std::locale()).decimal_point(), ',');
+}
+
+TEST_P(LocaleTest, Numbers) {
+  const ProcessLocale locale(GetParam());
+  EXPECT_EQ(FixedText(1234567.5, 4), "1234567.5000");
+  EXPECT_EQ(ScientificText(-0.25), "-2.500000000000000e-01");
+  EXPECT_EQ(GeneralText(1234567.5, 15), "1234567.5");
+  EXPECT_EQ(SF::dformat("%.2f|%12.4f|%i", 0.5, 1234567.5, 1234567), "0.50|1234567.5000|1234567");
+  EXPECT_EQ(ParseDouble("1234.5"), 1234.5);
+  EXPECT_EQ(ParseDouble("1,5"), 1.0);
+  EXPECT_EQ(ParseDouble("-1.5e400"), -std::numeric_limits<double>::infinity());
+  EXPECT_EQ(ParseDouble("0x1.8p1"), 3.0);
+  EXPECT_EQ(ParseInt("1.234"), 1);
+}
+
+TEST_P(LocaleTest, Texts) {
+  const ProcessLocale locale(GetParam());
+  EXPECT_EQ(Narrow(L"Gr\u00e4f \u20ac"),
+            "Gr\xc3\xa4"
+            "f \xe2\x82\xac");
+  EXPECT_EQ(Narrow(Widen("Gr\xe4nd")), "Gr\xe4nd");
+  EXPECT_EQ(String::QuoteString("Gr\xe4nd\x84\n"), "\"Gr\xe4nd\x84\\n\"");
+  EXPECT_FALSE(EqualNoCase("\xc4", "\xe4"));
+  EXPECT_EQ(Trim("\xa0 a"), "\xa0 a");
+  EXPECT_EQ(SF::dformat("%.3s|", "\xc3\xa4\xc3\xa4"), "\xc3\xa4\xc3|");
+}
+
+void Choose(LevFile& file, const std::string& path) { file.SetFile(Widen(path)); }
+template <class File>
+void Choose(File& file, const std::string& path) {
+  file.ChooseFile(path.c_str());
+}
+
+// The bytes that the file `from` has once it is read and written again as `to`.
+template <class File>
+std::string Rewritten(File&& file, const std::string& from, const std::string& to) {
+  Choose(file, from);
+  EXPECT_EQ(file.UseCollector(), 0) << from;
+  Choose(file, to);
+  EXPECT_EQ(file.AutoSave(), 0) << to;
+  return ReadBytes(to);
+}
+
+template <class File>
+void ExpectSameUnder(const char* name, File&& plain, File&& local, const std::string& from,
+                     const std::string& to) {
+  const std::string expected = Rewritten(plain, from, to);
+  const ProcessLocale locale(name);
+  EXPECT_EQ(Rewritten(local, from, to), expected) << from;
+}
+
+TEST_P(LocaleTest, GoldenFiles) {
+  const ProcessLocale locale(GetParam());
+  const std::string plm = KORVELFILE_GOLDEN "/plm/job.plm";
+  EXPECT_EQ(Rewritten(MeasurementFile(), plm, folder_.Path("a.plm")), ReadBytes(plm));
+  const std::string lvt = KORVELFILE_GOLDEN "/lvt/job.lvt";
+  EXPECT_EQ(Rewritten(LevFile(), lvt, folder_.Path("a.lvt")), ReadBytes(lvt));
+}
+
+TEST_P(LocaleTest, Headers) {
+  const std::string path = folder_.Path("new.atr");
+  _GHAL::SetIdentity({L"Gr\u00e4f", L"1.5", L"1234567", L"\u20ac", L"\xdce4"});
+  const ProcessLocale locale(GetParam());
+  AttributeFile file;
+  file.ChooseFile(path.c_str());
+  ASSERT_EQ(file.InitCollector(), 0);
+  EXPECT_EQ(ReadBytes(path),
+            "FileHeader \"KVT Object Text v1.03\",\"Tarn Attribute Definition Document\"\r\n"
+            "begin\r\n"
+            "\tFileInfo \"Application\",\"Gr\xc3\xa4"
+            "f version 1.5\"\r\n"
+            "\tFileInfo \"SerialNo\",\"1234567\"\r\n"
+            "\tFileInfo \"Author\",\"\xe2\x82\xac\"\r\n"
+            "\tFileInfo \"Company\",\"\xe4\"\r\n"
+            "\tFileInfo \"Description\",\"\"\r\n"
+            "end\r\n"
+            "GeoAttribContextList \r\n");
+}
+
+TEST_P(LocaleTest, RealFiles) {
+  const std::string data = KORVELFILE_TEST_DATA;
+  for (const char* extension : {".geo", ".pxy"}) {
+    ExpectSameUnder(GetParam(), PxyCoordinateFile(false), PxyCoordinateFile(false),
+                    data + "/points/m3_breaklines" + extension,
+                    folder_.Path(std::string("a") + extension));
+  }
+  for (const char* job : {"crane_8001", "fieldbook_2setups", "niemeier_z108"}) {
+    const std::string folder = data + "/jobs/" + job;
+    ExpectSameUnder(GetParam(), PxyCoordinateFile(false), PxyCoordinateFile(false),
+                    folder + "/known.geo", folder_.Path("known.geo"));
+    ExpectSameUnder(GetParam(), MeasurementFile(), MeasurementFile(), folder + "/job.plm",
+                    folder_.Path("job.plm"));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(German, LocaleTest, testing::Values("de_DE.UTF-8", "de_DE.ISO-8859-1"),
+                         [](const auto& locale) {
+                           return std::string(locale.param).ends_with("8") ? "Utf8" : "Latin1";
+                         });
+
+}  // namespace
