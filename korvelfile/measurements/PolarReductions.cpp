@@ -25,6 +25,7 @@ bool HasNoValue(double value) { return value == 0.0 || IsUndefined(value); }
 double FactorOf(double ppm) { return 1.0 + ppm * 1e-6; }
 
 SpCodeId CodeOf(const RecordDataItem& record) {
+  if (record.SpecialCode.empty()) return SpCodeUnknown;  // as nearly every record's
   SpCode code;
   code = record.SpecialCode.c_str();
   return code;
@@ -61,7 +62,7 @@ double LevelByAngle(const StationDataItem& station, const RecordDataItem& record
   const double z = NormalizeVAngle(record.Vertical);
   double h = s * std::sin(z);
   if (HasCurvature(station)) h = s * std::sin(z + h / (-2.0 * station.EarthRadius));
-  return h - std::cos(record.Vertical) * ev;
+  return ev == 0.0 ? h : h - std::cos(record.Vertical) * ev;
 }
 
 double LevelDistance(const StationDataItem& station, const RecordDataItem& record, double d,
@@ -129,7 +130,8 @@ double GetHorAngle(const StationDataItem& station, const RecordDataItem& record,
   const double d = DistanceOfTurn(station, record, ppm);
   if (a > kTwoPi) a = a - kTwoPi;
   if (IsMissing(d)) return a;
-  return a + std::atan(SidewaysFor(station, record, CodeOf(record)) / d);
+  const double es = SidewaysFor(station, record, CodeOf(record));
+  return es == 0.0 && !std::isnan(d) ? a : a + std::atan(es / d);
 }
 
 double GetHeightDiff(const StationDataItem& station, const RecordDataItem& record, double ppm) {
