@@ -123,6 +123,7 @@ void CoordinateFilesMap::Implementation::Clear() {
   lineList.clear();
   infos_.clear();
   numbers_.Clear();
+  queue_ = {};  // points may wait in it still if memory ran out
   additionalPoint_.clear();
   Release();
   fileNames.clear();
@@ -248,9 +249,11 @@ void CoordinateFilesMap::Implementation::InsertUnique(std::string name, const Po
     name.resize(baseSize);
     name += "_x" + std::to_string(counter++);
   }
-  numbers_.Insert(HashOf(name), static_cast<Number>(pointList.size()));
+  const std::uint32_t hash = HashOf(name);
+  const auto number = static_cast<Number>(pointList.size());
   pointList.push_back(std::move(name));
   infos_.push_back(info);
+  numbers_.Insert(hash, number);
 }
 
 void CoordinateFilesMap::Implementation::InsertForeign(const std::string& name,

@@ -52,6 +52,7 @@ class ItemSink {
     return point;
   }
   void EndPoint() {}
+  void Finish() { names_.Finish(); }
 
   DataItemListObject* Line(std::string_view row, int version) {
     auto* line = new LineDataItem;
@@ -170,6 +171,7 @@ int PxyCoordinateFile::ReadGeoFile() {
     ItemSink sink(*this);
     internal::GeoGrammar grammar(in, *this, sink);
     if (!grammar.ReadHeader() || !grammar.ReadLists()) return false;
+    sink.Finish();
     bool hasAttributes = false;
     if (!grammar.ReadFileAttributes(hasAttributes)) return false;
     if (!hasAttributes) InsertItem(new GeoAttribList, -1);

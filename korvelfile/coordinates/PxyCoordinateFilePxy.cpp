@@ -63,6 +63,8 @@ class ItemSink {
     names_.Add(*point, record.name);
   }
 
+  void Finish() { names_.Finish(); }
+
  private:
   PxyCoordinateFile& file_;
   const Korvel::scoped_lock<DataItemListObject> lock_;
@@ -87,6 +89,8 @@ class StoreSink {
       throw std::bad_alloc();
     }
   }
+
+  void Finish() { store_.FinishedReading(); }
 
  private:
   SimpleCoordinateFile& store_;
@@ -128,6 +132,7 @@ void ReadPoints(GeoFile& file, bool isPxy, Sink& sink) {
     }
     sink.AddPoint(record, isInLine);
   }
+  sink.Finish();
 }
 
 HeaderLine FirstHeaderLine() {
@@ -207,7 +212,6 @@ int PxyCoordinateFile::ReadPxyFileSimple(bool isPxy) {
   dataHolder_ = store;
   StoreSink sink(*store);
   ReadPoints(file, isPxy, sink);
-  store->FinishedReading();
   return _FileIO::CloseFile(file);
 }
 

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -14,23 +15,32 @@ namespace internal {
 ///
 /// Of a million different names each has its place somewhere in a table of many megabytes. Between
 /// `Add` and the naming memory has the time to bring that place near. The last items get their
-/// names when the queue is destroyed; all items must live until then.
+/// names from `Finish`; all items must live until the queue is destroyed.
 class NameQueue {
  public:
   NameQueue() = default;
   NameQueue(const NameQueue&) = delete;
   NameQueue& operator=(const NameQueue&) = delete;
   ~NameQueue() {
-    for (Entry& entry : entries_) Name(entry);
+    try {
+      Finish();
+    } catch (const std::bad_alloc&) {
+      // A reading that ran out of memory has failed as a whole.
+    }
   }
 
   void Add(DataItemInterface& item, std::string_view name) {
     Entry& entry = entries_[next_];
     next_ = (next_ + 1) % entries_.size();
     Name(entry);
-    entry.item = &item;
     entry.name = name;
+    entry.item = &item;
     SharedText::Expect(entry.name);
+  }
+
+  /// Names the items that still wait.
+  void Finish() {
+    for (Entry& entry : entries_) Name(entry);
   }
 
  private:
