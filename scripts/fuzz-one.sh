@@ -9,7 +9,7 @@ seconds=$2
 corpus=build/fuzz/corpus/$target
 found=build/fuzz/found/$target
 log=build/fuzz/$target.log
-run=("${fixed_layout[@]}" "build/fuzz/fuzz/fuzz_$target" -timeout=20 -rss_limit_mb=1024
+run=("${fixed_layout[@]}" "build/fuzz/fuzz/fuzz_$target" -timeout=20 -rss_limit_mb=512
   -artifact_prefix="$found/")
 
 read -ra seeds <<<"$(sed -n 's|^// Seeds: ||p' "fuzz/$target.cpp")"

@@ -6,6 +6,10 @@
 
 namespace fuzz {
 
+/// Length of input that shows all there is of fixed columns, in bytes: each line feed makes an
+/// item, so that long inputs are slow.
+inline constexpr std::size_t kEnoughColumns = 2000;
+
 /// Reads `input` into items, asks them everything, and checks what they write.
 /// @param isExact see `CheckRewrite`
 void CheckPointReader(std::string_view input, const std::string& name,
