@@ -1,8 +1,10 @@
 // Locales with a decimal comma, thousands marks and another encoding change nothing in any file.
 
 #include <clocale>
+#include <cstdlib>
 #include <limits>
 #include <locale>
+#include <stdexcept>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -20,10 +22,11 @@
 
 namespace {
 
-// The process runs under a locale for the life of this, as an application may set it.
+// The process runs under a locale for the life of this, as a user and an application may set it.
 class ProcessLocale {
  public:
   explicit ProcessLocale(const std::string& name) {
+    setenv("LC_ALL", name.c_str(), 1);
     try {
       std::locale::global(std::locale(name));
     } catch (const std::runtime_error&) {
@@ -34,6 +37,7 @@ class ProcessLocale {
   ~ProcessLocale() {
     std::locale::global(std::locale::classic());
     std::setlocale(LC_ALL, "C");
+    unsetenv("LC_ALL");
   }
   ProcessLocale(const ProcessLocale&) = delete;
   ProcessLocale& operator=(const ProcessLocale&) = delete;
