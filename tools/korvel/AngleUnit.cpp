@@ -14,15 +14,25 @@ constexpr std::array kUnits{
     korvel::AngleUnit{"rad", 1.0, 7, "mrad", 1e-3, 4},
 };
 
+// A direction in a unit of `radians`, within one turn; a full turn that rounding makes is 0.
+std::string TurnText(double value, double radians, int decimals) {
+  if (!korvel::IsKnown(value)) return korvel::NumberText(value, decimals);
+  const std::string text =
+      korvel::NumberText(NormalizeAngle(value, kTwoPi, 0.0) / radians, decimals);
+  return text == korvel::NumberText(kTwoPi / radians, decimals) ? korvel::NumberText(0.0, decimals)
+                                                                : text;
+}
+
 }  // namespace
 
 namespace korvel {
 
 std::string AngleUnit::DirectionText(double value) const {
-  if (!IsKnown(value)) return NumberText(value, decimals);
-  const double turn = kTwoPi / radians;
-  const std::string text = NumberText(NormalizeAngle(value, kTwoPi, 0.0) / radians, decimals);
-  return text == NumberText(turn, decimals) ? NumberText(0.0, decimals) : text;
+  return TurnText(value, radians, decimals);
+}
+
+std::string AngleUnit::BearingText(double value) const {
+  return TurnText(value, radians, decimals - 4);
 }
 
 std::string AngleUnit::SmallText(double value) const {

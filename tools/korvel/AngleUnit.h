@@ -18,6 +18,9 @@ struct AngleUnit {
   /// "182.93345"; a direction is brought into one turn first. "-" if undefined.
   std::string DirectionText(double radians) const;
 
+  /// As `DirectionText`, as coarse as the bearing of an ellipse needs it.
+  std::string BearingText(double radians) const;
+
   /// An angle difference in the small unit, without its name; "-" if undefined.
   std::string SmallText(double radians) const;
 

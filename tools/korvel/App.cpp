@@ -43,6 +43,9 @@ int Guarded(const auto& run) {
     korvel::PrintError(error.what());
   } catch (const std::bad_alloc&) {
     korvel::PrintError("out of memory");
+  } catch (const std::exception& error) {
+    korvel::PrintError(error.what());
+    return korvel::kComputationFailed;
   }
   return korvel::kBadInput;
 }
@@ -53,6 +56,8 @@ int korvel::RunApp(int argc, char** argv) {
   CLI::App app("Free stations, new points and a look into the files of land survey.", "korvel");
   app.set_version_flag("--version", VersionText(), "print the versions of program and libraries");
   app.footer("korvel VERB --help tells more of each.");
+  app.get_formatter()->label("SUBCOMMAND", "VERB");
+  app.get_formatter()->column_width(32);
   app.require_subcommand(1);
   StationOptions station;
   InfoOptions info;

@@ -1,9 +1,12 @@
 #include "tools/korvel/InputError.h"
 
 #include <iostream>
+#include <sstream>
 
 #include "tools/korvel/Printable.h"
 
 void korvel::PrintError(const std::string& text) {
-  std::cerr << "korvel: " << Printable(text) << std::endl;
+  std::istringstream lines(Printable(text));
+  for (std::string line; std::getline(lines, line);) std::cerr << "korvel: " << line << '\n';
+  std::cerr.flush();
 }

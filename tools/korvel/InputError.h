@@ -18,7 +18,7 @@ class InputError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// One line on standard error, "korvel: text".
+/// Writes to standard error, each line of `text` behind "korvel: ".
 void PrintError(const std::string& text);
 
 }  // namespace korvel

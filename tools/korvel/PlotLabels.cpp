@@ -7,9 +7,12 @@
 
 namespace {
 
-constexpr double kCell = 1.5;        // points
-constexpr double kGap = 6.5;         // points from the centre of a sign to its name
-constexpr int kCoveredCost = 10000;  // of a cell that holds a sign or a name; a line's is 1
+constexpr double kCell = 1.5;  // points
+
+// What it costs to cover a cell with each content.
+constexpr int kLineCost = 1;
+constexpr int kArrowCost = 40;
+constexpr int kSignCost = 10000;
 
 // Where a name stands round its sign, best first: the centre of the name less that of the sign, in
 // halves of the name's size and gaps.
@@ -59,11 +62,15 @@ void PlotLabels::Mark(const Cells& c, unsigned char what) {
       At(column, row) |= what;
 }
 
+int PlotLabels::CostOf(unsigned char content) {
+  if (content & kSign) return kSignCost;
+  return content & kArrow ? kArrowCost : content & kLine ? kLineCost : 0;
+}
+
 int PlotLabels::Cost(const Cells& c) const {
   int cost = 0;
   for (int row = c.top; row <= c.bottom; ++row)
-    for (int column = c.left; column <= c.right; ++column)
-      cost += At(column, row) & kSign ? kCoveredCost : At(column, row) != 0;
+    for (int column = c.left; column <= c.right; ++column) cost += CostOf(At(column, row));
   return cost;
 }
 
@@ -71,19 +78,24 @@ void PlotLabels::AddSign(const Vector& at, double radius) {
   Mark(CellsOf(at - Vector(radius, radius), Vector(radius, radius) * 2.0), kSign);
 }
 
-void PlotLabels::AddLine(const Vector& from, const Vector& to) {
+void PlotLabels::AddLine(const Vector& from, const Vector& to) { MarkAlong(from, to, kLine); }
+
+void PlotLabels::AddArrow(const Vector& from, const Vector& to) { MarkAlong(from, to, kArrow); }
+
+void PlotLabels::MarkAlong(const Vector& from, const Vector& to, unsigned char what) {
   const Vector way = to - from;
   const double length = way.GetLength();
   for (double done = 0.0; done < length; done += kCell)
-    Mark(CellsOf(from + way * (done / length), {}), kLine);
+    Mark(CellsOf(from + way * (done / length), {}), what);
 }
 
-std::optional<Vector> PlotLabels::Place(const Vector& at, const Vector& size, bool isMust) {
+std::optional<Vector> PlotLabels::Place(const Vector& at, const Vector& size, double gap,
+                                        bool isMust) {
   int least = INT_MAX;
   Cells taken{};
   Vector place;
   for (const Direction& d : kDirections) {
-    const Vector centre = at + Vector(d.x * (kGap + size.x / 2.0), d.y * (kGap + size.y / 2.0));
+    const Vector centre = at + Vector(d.x * (gap + size.x / 2.0), d.y * (gap + size.y / 2.0));
     const Vector corner = centre - size * 0.5;
     const Cells cells = CellsOf(corner, size);
     if (!IsInside(cells)) continue;
@@ -93,7 +105,7 @@ std::optional<Vector> PlotLabels::Place(const Vector& at, const Vector& size, bo
     taken = cells;
     place = corner + Vector(0.0, size.y);
   }
-  if (least == INT_MAX || (least >= kCoveredCost && !isMust)) return {};
+  if (least == INT_MAX || (least >= kArrowCost && !isMust)) return {};
   Mark(taken, kSign);
   return place;
 }

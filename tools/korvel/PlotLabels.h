@@ -23,12 +23,16 @@ class PlotLabels {
   /// Marks a line, which names avoid where they can.
   void AddLine(const Vector& from, const Vector& to);
 
+  /// Marks an arrow, which names avoid even more.
+  void AddArrow(const Vector& from, const Vector& to);
+
   /// Finds the best free place round a sign, and takes it.
   /// @param at     centre of the sign
   /// @param size   of the name, points
-  /// @param isMust takes the least covered place where none is free
+  /// @param gap    between the centre of the sign and the name, points
+  /// @param isMust takes the least covered place where none is free of signs and arrows
   /// @return the left end of the base line, or nothing
-  std::optional<Vector> Place(const Vector& at, const Vector& size, bool isMust);
+  std::optional<Vector> Place(const Vector& at, const Vector& size, double gap, bool isMust);
 
  private:
   struct Cells {
@@ -36,10 +40,13 @@ class PlotLabels {
   };
   static constexpr unsigned char kSign = 1;
   static constexpr unsigned char kLine = 2;
+  static constexpr unsigned char kArrow = 4;
 
   Cells CellsOf(const Vector& corner, const Vector& size) const;
   bool IsInside(const Cells& cells) const;
   void Mark(const Cells& cells, unsigned char what);
+  void MarkAlong(const Vector& from, const Vector& to, unsigned char what);
+  static int CostOf(unsigned char content);
   int Cost(const Cells& cells) const;
   unsigned char& At(int column, int row);
   unsigned char At(int column, int row) const;

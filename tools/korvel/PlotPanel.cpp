@@ -35,7 +35,7 @@ const TextStyle kSmallStyle{7.0, korvel::kFaintInk};
 std::string LengthText(double metres) {
   constexpr int kDigits = 6;
   if (metres >= 1000.0) return GeneralText(metres / 1000.0, kDigits) + " km";
-  if (metres < 0.01) return GeneralText(metres * 1000.0, kDigits) + " mm";
+  if (metres < 0.1) return GeneralText(metres * 1000.0, kDigits) + " mm";
   return GeneralText(metres, kDigits) + " m";
 }
 
@@ -86,7 +86,7 @@ class Panel {
     draw(Vector(left_, y_ + 2.0), length * scale);
   }
   void Small(const std::string& text) {
-    y_ += kLineHeight * 0.85;
+    y_ += 1.4 * kLineHeight;
     pen_.Text(Fitting(pen_, text, kSmallStyle, width_), {left_, y_}, kSmallStyle);
   }
 
@@ -103,7 +103,8 @@ void DrawLegend(Panel& panel, const PlotPen& pen, const PlotScene& scene,
   panel.Head("Legend");
   panel.Sign("station", [&](const Vector& at) { pen.StationSign(at); });
   panel.Sign("known point, backsight", [&](const Vector& at) { pen.KnownSign(at); });
-  if (!scene.newPoints.empty()) panel.Sign("new point", [&](const Vector& at) { pen.NewSign(at); });
+  if (!scene.newPoints.empty())
+    panel.Sign("new point", [&](const Vector& at) { pen.NewSign(at, 2.0); });
   panel.Sign("line of sight", [&](const Vector& at) {
     pen.DashedLine(at - half, at + half, korvel::kSightColour, 0.9);
   });
@@ -159,7 +160,7 @@ void DrawPanel(const PlotPen& pen, const PlotMap& map, const PlotScene& scene,
   DrawScales(panel, pen, map, scales);
   if (unnamed > 0)
     panel.Small("no room for the names of " +
-                CountText(static_cast<std::size_t>(unnamed), "new point"));
+                CountText(static_cast<std::size_t>(unnamed), "point"));
   pen.NorthArrow(
       {map.GetPanelLeft() + map.GetPanelWidth() - 16.0, map.GetCorner().y + map.GetSize().y},
       kNorthArrowHeight);

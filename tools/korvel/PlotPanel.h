@@ -17,7 +17,7 @@ struct ErrorScales {
 };
 
 /// Draws what stands beside the map: title, figures, legend, scales and north arrow.
-/// @param unnamed number of new points whose names found no room
+/// @param unnamed number of points whose names found no room
 void DrawPanel(const PlotPen& pen, const PlotMap& map, const PlotScene& scene,
                const ErrorScales& scales, int unnamed);
 

@@ -127,9 +127,9 @@ void PlotPen::KnownSign(const Vector& at) const {
   FillAndStroke(kKnownColour, kWhite, 0.7);
 }
 
-void PlotPen::NewSign(const Vector& at) const {
-  cairo_arc(context_, at.x, at.y, 2.0, 0.0, kTwoPi);
-  FillAndStroke(kNewColour, kWhite, 0.5);
+void PlotPen::NewSign(const Vector& at, double radius) const {
+  cairo_arc(context_, at.x, at.y, radius, 0.0, kTwoPi);
+  FillAndStroke(kNewColour, kWhite, radius / 4.0);
 }
 
 void PlotPen::Ellipse(const Vector& centre, double a, double b, double azimuth) const {

@@ -60,7 +60,8 @@ class PlotPen {
   /// The signs of the map, which its legend repeats.
   void StationSign(const Vector& at) const;
   void KnownSign(const Vector& at) const;
-  void NewSign(const Vector& at) const;
+  /// @param radius smaller where there are very many
+  void NewSign(const Vector& at, double radius) const;
   /// @param a, b semi-axes
   /// @param azimuth of `a`, radians clockwise from upwards
   void Ellipse(const Vector& centre, double a, double b, double azimuth) const;

@@ -18,6 +18,7 @@ using korvel::MillimetreText;
 using korvel::NumberText;
 using korvel::PlotScene;
 
+constexpr double kFarthest = 1e8;  // metres from the station; no sight on earth is as long
 constexpr const char* kPlusMinus = " \u00B1 ";
 
 std::string WithError(const std::string& value, const std::string& error) {
@@ -65,6 +66,11 @@ PlotScene::PlotScene(const StationOutcome& outcome, const StationOptions& option
                           outcome.residuals[i].displacement});
   for (const NewPoint& p : outcome.newPoints)
     newPoints.push_back({p.point->NameText(), p.point->GetXY(), {}});
+  const auto isFar = [&](const PlotTarget& target) {
+    return !(station.place.GetDistance(target.place) < kFarthest);
+  };
+  std::erase_if(backsights, isFar);
+  std::erase_if(newPoints, isFar);
 }
 
 std::vector<Vector> PlotScene::Places() const {

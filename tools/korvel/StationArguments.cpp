@@ -65,7 +65,7 @@ void AddFiles(CLI::App& verb, StationOptions& options) {
                   "write stations and new points to this file, .geo or .pxy")
       ->type_name("FILE");
   verb.add_option("--plot", options.plot,
-                  "draw the station to this file, .svg .png .pdf; with several stations each gets "
+                  "draw the station to this file, .svg .png .pdf;\nwith several stations each gets "
                   "its own, FILE-NAME.EXT")
       ->type_name("FILE");
 }
@@ -79,8 +79,8 @@ void AddOutput(CLI::App& verb, StationOptions& options) {
           "--angles",
           [&options](const std::string& name) { options.angles = korvel::FindAngleUnit(name); },
           "unit of all angles, in and out")
-      ->check(CLI::IsMember(korvel::AngleUnitNames()))
-      ->type_name("")
+      ->check(CLI::IsMember(korvel::AngleUnitNames()).description(""))
+      ->type_name("gon|deg|rad")
       ->default_str("gon");
 }
 
@@ -130,14 +130,14 @@ void AddAngleSettings(CLI::App& verb, StationOptions& options) {
 
 void AddMethods(CLI::App& verb, AdjustmentSettings& s) {
   AddSetting(verb, "--sets", s.sets, "sets of directions measured; 0 counts as half a set",
-             CLI::Range(0, 1000000))
+             CLI::Range(0, 1000000).description(""))
       ->type_name("N")
       ->capture_default_str();
   verb.add_option_function<std::string>(
           "--height", [&s](const std::string& name) { s.height = korvel::FindHeightMethod(name); },
-          "as the mean of what the backsights give, as their weighted adjustment, or none at all")
-      ->check(CLI::IsMember({"mean", "weighted", "none"}))
-      ->type_name("")
+          "as the mean of what the backsights give, as their\nweighted adjustment, or none at all")
+      ->check(CLI::IsMember({"mean", "weighted", "none"}).description(""))
+      ->type_name("mean|weighted|none")
       ->default_str("mean")
       ->group(kSettingsGroup);
 }

@@ -5,6 +5,7 @@
 #include "korvelfile/coordinates/PointDataItem.h"
 #include "korvelfile/measurements/InmlineDataItem.h"
 #include "korvelfile/measurements/StationDataItem.h"
+#include "korvelfile/outside/base/Angles.h"
 #include "tools/korvel/JsonText.h"
 #include "tools/korvel/NumberFormat.h"
 #include "tools/korvel/StationRun.h"
@@ -26,6 +27,11 @@ Json Texts(const std::vector<std::string>& texts) {
 
 Json Angle(const AngleUnit& unit, double radians) {
   return JsonNumber(korvel::IsKnown(radians) ? unit.FromRadians(radians) : radians);
+}
+
+// Within one turn.
+Json Direction(const AngleUnit& unit, double radians) {
+  return Angle(unit, korvel::IsKnown(radians) ? NormalizeAngle(radians, kTwoPi, 0.0) : radians);
 }
 
 Json Position(const Vector3d& p) {
@@ -64,7 +70,7 @@ Json Backsights(const StationOutcome& outcome, const AngleUnit& unit) {
                      {"file", JsonText(point.file)},
                      {"given", Position(point.position)},
                      {"distance", JsonNumber(b.Distance)},
-                     {"direction", Angle(unit, b.Angle)},
+                     {"direction", Direction(unit, b.Angle)},
                      {"height_difference", JsonNumber(b.HeightDiff)},
                      {"residuals", Residuals(outcome.residuals[i], unit)}});
   }
@@ -127,7 +133,7 @@ Json Result(const StationOutcome& outcome, const AngleUnit& unit) {
   Json errors = Position(r.PositionError);
   errors["orientation"] = Angle(unit, r.OrientationError);
   return {{"position", Position(r.Position)},
-          {"orientation", Angle(unit, r.Orientation)},
+          {"orientation", Direction(unit, r.Orientation)},
           {"standard_errors", errors},
           {"unit_weight_deviation", JsonNumber(r.StdDev)},
           {"degrees_of_freedom", outcome.DegreesOfFreedom()},

@@ -38,15 +38,18 @@ std::string Small(const AngleUnit& unit, double radians) {
 std::string Millimetres(double metres) { return MillimetreText(metres) + " mm"; }
 
 std::string SetsText(int sets) {
-  return sets == 0 ? "no sets (counts as half a set)"
+  return sets == 0 ? "number of sets not given, counts as half a set"
                    : CountText(static_cast<std::size_t>(sets), "set");
 }
 
-std::string SettingsText(const AdjustmentSettings& s, const AngleUnit& unit) {
+std::string LengthErrorsText(const AdjustmentSettings& s) {
+  return "distance " + Millimetres(s.distanceError) + " + " + NumberText(s.distancePpm, 1) +
+         " ppm, centring " + Millimetres(s.centringError);
+}
+
+std::string AngleErrorsText(const AdjustmentSettings& s, const AngleUnit& unit) {
   return "direction " + Small(unit, s.angleError) + ", vertical angle " +
-         Small(unit, s.verticalError) + ", distance " + Millimetres(s.distanceError) + " + " +
-         NumberText(s.distancePpm, 1) + " ppm, centring " + Millimetres(s.centringError) + ", " +
-         SetsText(s.sets);
+         Small(unit, s.verticalError) + "; " + SetsText(s.sets);
 }
 
 void PrintHeader(const StationRun& run, std::ostream& out) {
@@ -58,8 +61,9 @@ void PrintHeader(const StationRun& run, std::ostream& out) {
   for (const std::string& file : run.knownFiles)
     table.AddRow({&file == &run.knownFiles.front() ? "Known points" : "", file});
   table.AddRow({"Units", "metres; angles in " + std::string(unit.name) + ", clockwise from north"});
-  table.AddRow({"Standard errors", SettingsText(run.options.settings, unit)});
-  table.AddRow({"Height", HeightMethodName(run.options.settings.height)});
+  table.AddRow({"Standard errors", AngleErrorsText(run.options.settings, unit)});
+  table.AddRow({"", LengthErrorsText(run.options.settings)});
+  table.AddRow({"Height method", HeightMethodName(run.options.settings.height)});
   table.Print(out, "");
   for (const std::string& warning : run.warnings) out << "\nWarning: " << Printable(warning);
   out << (run.warnings.empty() ? "" : "\n");
@@ -90,13 +94,15 @@ void PrintPosition(const StationOutcome& outcome, const AngleUnit& unit, std::os
                    {"standard error"},
                    {"", Align::Left}});
   const auto addLength = [&](const char* name, double value, double error) {
-    table.AddRow({name, MetreText(value), "m", MillimetreText(error), "mm"});
+    table.AddRow({name, MetreText(value), IsKnown(value) ? "m" : "", MillimetreText(error),
+                  IsKnown(error) ? "mm" : ""});
   };
   addLength("E", r.Position.x, r.PositionError.x);
   addLength("N", r.Position.y, r.PositionError.y);
   addLength("H", r.Position.z, r.PositionError.z);
   table.AddRow({"Orientation", unit.DirectionText(r.Orientation), unitName,
-                unit.SmallText(r.OrientationError), std::string(unit.smallName)});
+                unit.SmallText(r.OrientationError),
+                IsKnown(r.OrientationError) ? std::string(unit.smallName) : ""});
   table.Print(out, kIndent);
   if (!outcome.heightNote.empty()) out << kIndent << "No height: " << outcome.heightNote << ".\n";
 }
@@ -114,7 +120,7 @@ void PrintQuality(const StationOutcome& outcome, const AngleUnit& unit, std::ost
   out << kIndent << "Standard deviation of unit weight " << NumberText(r.StdDev, 3)
       << " (1 if the observations are as good as their standard errors say).\n"
       << kIndent << "Error ellipse: semi-axes " << Millimetres(r.EllipseA) << " and "
-      << Millimetres(r.EllipseB) << ", the larger one at " << unit.DirectionText(r.EllipseBearing)
+      << Millimetres(r.EllipseB) << ", the larger one at " << unit.BearingText(r.EllipseBearing)
       << ' ' << unit.name << ".\n";
 }
 
@@ -154,17 +160,18 @@ void PrintBacksights(const StationOutcome& outcome, const AngleUnit& unit, std::
 
 void PrintWorst(const StationOutcome& outcome, const AngleUnit& unit, std::ostream& out) {
   const FreeStnResult& r = outcome.result;
-  std::string worst;
+  TextTable table({{"largest", Align::Left}, {""}, {"at", Align::Left}});
   const auto add = [&](const char* what, const std::string& value, const std::string& name) {
-    if (name.empty()) return;
-    worst += (worst.empty() ? "" : "; ") + std::string(what) + ' ' + value + " at " + name;
+    if (!name.empty()) table.AddRow({what, value, name});
   };
   add("distance", Millimetres(r.MaxDistanceResidual), r.MaxDistanceName);
   add("direction", Small(unit, r.MaxAngleResidual), r.MaxAngleName);
   add("plane", Millimetres(r.MaxPlaneResidual), r.MaxPlaneName);
   add("height", Millimetres(r.MaxHeightResidual), r.MaxHeightName);
   add("3D", Millimetres(r.Max3DResidual), r.Max3DName);
-  if (!worst.empty()) out << kIndent << "Largest: " << Printable(worst) << ".\n";
+  if (table.IsEmpty()) return;
+  out << '\n';
+  table.Print(out, kIndent);
 }
 
 void PrintWithoutOne(const StationOutcome& outcome, const AngleUnit& unit, std::ostream& out) {

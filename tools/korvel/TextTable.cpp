@@ -26,26 +26,32 @@ void TextTable::AddRow(const std::vector<std::string>& cells) {
   rows_.push_back(std::move(row));
 }
 
-std::vector<std::size_t> TextTable::Widths() const {
-  std::vector<std::size_t> widths;
-  for (std::size_t i = 0; i < columns_.size(); ++i) {
-    std::size_t width = CharacterCount(columns_[i].head);
-    for (const auto& row : rows_) width = std::max(width, CharacterCount(row[i]));
-    widths.push_back(width);
-  }
-  return widths;
+std::vector<std::size_t> TextTable::ShownColumns() const {
+  std::vector<std::size_t> shown;
+  for (std::size_t i = 0; i < columns_.size(); ++i)
+    if (std::any_of(rows_.begin(), rows_.end(), [&](const auto& row) { return !row[i].empty(); }))
+      shown.push_back(i);
+  return shown;
+}
+
+std::size_t TextTable::Width(std::size_t column) const {
+  std::size_t width = CharacterCount(columns_[column].head);
+  for (const auto& row : rows_) width = std::max(width, CharacterCount(row[column]));
+  return width;
 }
 
 void TextTable::Print(std::ostream& out, const std::string& indent) const {
-  const std::vector<std::size_t> widths = Widths();
-  const auto printRow = [&](const auto& cellAt) {
+  const std::vector<std::size_t> shown = ShownColumns();
+  std::vector<std::size_t> widths;
+  for (const std::size_t i : shown) widths.push_back(Width(i));
+  const auto printRow = [&](const auto& textOf) {
     std::string line = indent;
-    for (std::size_t i = 0; i < columns_.size(); ++i)
-      line += (i ? kGap : "") + Padded(cellAt(i), widths[i], columns_[i].align);
+    for (std::size_t k = 0; k < shown.size(); ++k)
+      line += (k ? kGap : "") + Padded(textOf(shown[k]), widths[k], columns_[shown[k]].align);
     out << TrimBlanksRight(line) << '\n';
   };
-  if (std::any_of(columns_.begin(), columns_.end(),
-                  [](const Column& c) { return !c.head.empty(); }))
+  const auto hasHead = [](const Column& column) { return !column.head.empty(); };
+  if (std::any_of(columns_.begin(), columns_.end(), hasHead))
     printRow([&](std::size_t i) { return columns_[i].head; });
   for (const auto& row : rows_) printRow([&](std::size_t i) { return row[i]; });
 }

@@ -27,11 +27,13 @@ class TextTable {
 
   bool IsEmpty() const { return rows_.empty(); }
 
-  /// Writes the heads, unless all are empty, and the rows, each behind `indent`.
+  /// Writes the heads, unless all are empty, and the rows, each behind `indent`. A column without
+  /// any text in its rows isn't shown.
   void Print(std::ostream& out, const std::string& indent) const;
 
  private:
-  std::vector<std::size_t> Widths() const;
+  std::vector<std::size_t> ShownColumns() const;
+  std::size_t Width(std::size_t column) const;
 
   std::vector<Column> columns_;
   std::vector<std::vector<std::string>> rows_;
