@@ -11,7 +11,7 @@ cmake --build --preset release --target korvel
 job=examples/free-station
 result=build/demo
 mkdir -p "$result"
-build/release/tools/korvel station "$job/job.plm" --known "$job/known.geo" \
+build/release/tools/korvel station "$job/job.plm" --known "$job/known.geo" --leave-one-out \
   --points "$result/points.geo" --plot "$result/plot.svg"
 echo
 echo "New points: $PWD/$result/points.geo"

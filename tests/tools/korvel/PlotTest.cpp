@@ -1,0 +1,111 @@
+// The plot: its geometry, its names, and files of all kinds from jobs of any size.
+
+#include <cmath>
+#include <random>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "tests/tools/korvel/RunKorvel.h"
+#include "tools/korvel/PlotLabels.h"
+#include "tools/korvel/PlotMap.h"
+
+namespace {
+
+struct Box {
+  Vector corner, size;
+
+  bool Overlaps(const Box& other) const {
+    return corner.x < other.corner.x + other.size.x && other.corner.x < corner.x + size.x &&
+           corner.y < other.corner.y + other.size.y && other.corner.y < corner.y + size.y;
+  }
+};
+
+}  // namespace
+
+TEST(PlotMap, RoundLengths) {
+  for (const auto& [limit, expected] : {std::pair{1.0, 1.0},
+                                        {1.99, 1.0},
+                                        {2.0, 2.0},
+                                        {4.9, 2.0},
+                                        {7.0, 5.0},
+                                        {0.034, 0.02},
+                                        {123456.0, 100000.0}})
+    EXPECT_NEAR(korvel::RoundLength(limit), expected, 1e-12 * expected) << limit;
+}
+
+TEST(PlotMap, EverythingLiesWithinTheFrameAndFillsIt) {
+  const Vector far(40759376.5, 5527816.1);
+  for (const double extent : {0.0, 0.004, 1.0, 117.0, 9.9e5, 3e7}) {
+    for (const double aspect : {0.0, 0.2, 1.0, 5.0}) {
+      const Vector other = far + Vector(extent, extent * aspect);
+      const korvel::PlotMap map({far, other});
+      const Box frame{map.GetCorner(), map.GetSize()};
+      const Vector a = map.ToPage(far);
+      const Vector b = map.ToPage(other);
+      for (const Vector& p : {a, b})
+        EXPECT_TRUE(frame.Overlaps({p, {0.0, 0.0}})) << extent << ' ' << aspect;
+      if (extent >= 0.004) {
+        EXPECT_GT(a.GetDistance(b), 150.0) << extent << ' ' << aspect;
+      }
+      EXPECT_LE(a.y, frame.corner.y + frame.size.y);
+      EXPECT_NEAR(map.ToGround(a).GetDistance(far), 0.0, 1e-7);
+    }
+  }
+}
+
+TEST(PlotMap, ScaleIsRoundAndTrue) {
+  const korvel::PlotMap map({{0.0, 0.0}, {100.0, 0.0}});
+  EXPECT_EQ(map.GetScaleText(), "1:600");
+  // 100 m at 1:600 are 166.667 mm, and a point is 1/72 inch.
+  EXPECT_NEAR(map.GetPointsPerMetre() * 100.0, 166.6667 / 25.4 * 72.0, 1e-3);
+  EXPECT_EQ(korvel::PlotMap({{0.0, 0.0}, {0.01, 0.0}}).GetScaleText(), "16.7:1");
+}
+
+TEST(PlotLabels, NamesCoverNeitherSignsNorEachOther) {
+  const Vector corner(20.0, 30.0);
+  const Vector size(400.0, 300.0);
+  korvel::PlotLabels labels(corner, size);
+  std::mt19937 random(7);
+  std::uniform_real_distribution<double> along(0.0, 1.0);
+  std::vector<Vector> signs;
+  for (int i = 0; i < 200; ++i)
+    signs.push_back(corner + Vector(size.x * along(random), size.y * along(random)));
+  for (const Vector& sign : signs) labels.AddSign(sign, 2.0);
+  const Vector name(22.0, 6.0);
+  std::vector<Box> placed;
+  for (const Vector& sign : signs) {
+    const auto place = labels.Place(sign, name, 6.0, false);
+    if (!place) continue;
+    const Box box{*place - Vector(0.0, name.y), name};
+    for (const Vector& other : signs) EXPECT_FALSE(box.Overlaps({other, {0.0, 0.0}}));
+    for (const Box& other : placed) EXPECT_FALSE(box.Overlaps(other));
+    EXPECT_GE(box.corner.x, corner.x);
+    EXPECT_LE(box.corner.x + name.x, corner.x + size.x + 1.5);
+    placed.push_back(box);
+  }
+  EXPECT_GT(placed.size(), 100U);
+}
+
+TEST(PlotLabels, ImportantNamesArePlacedWhereverThereIsThePage) {
+  korvel::PlotLabels labels({0.0, 0.0}, {100.0, 100.0});
+  labels.AddSign({50.0, 50.0}, 60.0);
+  EXPECT_FALSE(labels.Place({50.0, 50.0}, {20.0, 6.0}, 6.0, false));
+  EXPECT_TRUE(labels.Place({50.0, 50.0}, {20.0, 6.0}, 6.0, true));
+}
+
+TEST(Plot, FilesOfEachKind) {
+  const TempFolder folder;
+  for (const auto& [name, start] :
+       {std::pair{"p.svg", "<?xml"}, {"p.PNG", "\x89PNG"}, {"p.pdf", "%PDF"}}) {
+    const std::string path = folder.Path(name);
+    ASSERT_EQ(RunKorvel(StationOf("crane_8001") + "--plot " + path).status, 0) << name;
+    const std::string bytes = ReadBytes(path);
+    EXPECT_TRUE(bytes.starts_with(start)) << name;
+    EXPECT_GT(bytes.size(), 5000U) << name;
+  }
+  // Width and height of the image, upright A4 with two pixels to the point.
+  const std::string header = ReadBytes(folder.Path("p.PNG")).substr(16, 8);
+  EXPECT_EQ(header, std::string("\0\0\x04\xA7\0\0\x06\x94", 8));
+}

@@ -1,0 +1,45 @@
+/// @file
+/// Runs programs of the project as a user does, and keeps what they say.
+#pragma once
+
+#include <cstdlib>
+#include <string>
+
+#include <nlohmann/json.hpp>
+#include <sys/wait.h>
+
+#include "tests/support/Files.h"
+
+struct ProgramRun {
+  int status = -1;
+  std::string out;
+  std::string error;
+
+  /// Standard output as JSON; discarded where it is something else.
+  nlohmann::json Json() const { return nlohmann::json::parse(out, nullptr, false); }
+};
+
+/// Runs `program` in a shell.
+/// @param arguments as on a command line
+inline ProgramRun RunProgram(const std::string& program, const std::string& arguments) {
+  const TempFolder folder;
+  const std::string command =
+      '"' + program + "\" " + arguments + " >" + folder.Path("out") + " 2>" + folder.Path("error");
+  const int status = std::system(command.c_str());
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadBytes(folder.Path("out")),
+          ReadBytes(folder.Path("error"))};
+}
+
+inline ProgramRun RunKorvel(const std::string& arguments) {
+  return RunProgram(KORVELFILE_KORVEL, arguments);
+}
+
+/// The folder of a real job, with a "/" at its end.
+inline std::string JobFolder(const std::string& job) {
+  return KORVELFILE_TEST_DATA "/jobs/" + job + '/';
+}
+
+/// Arguments that name a job's own files.
+inline std::string StationOf(const std::string& job) {
+  return "station " + JobFolder(job) + "job.plm --known " + JobFolder(job) + "known.geo ";
+}
