@@ -76,7 +76,7 @@ bool FileReader::Seek(std::int64_t offset) {
 
 std::int64_t FileReader::Size() const {
   struct stat status {};
-  return fstat(descriptor_, &status) == 0 ? status.st_size : -1;
+  return fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode) ? status.st_size : -1;
 }
 
 void FileReader::MakeRoom() {

@@ -140,6 +140,11 @@ TEST_F(FileReaderTest, AReadThatFailsSticks) {
   EXPECT_FALSE(reader_.ReadLine(line));
 }
 
+TEST_F(FileReaderTest, ADeviceHasNoSize) {
+  ASSERT_TRUE(reader_.Open("/dev/null"));
+  EXPECT_EQ(reader_.Size(), -1);
+}
+
 TEST_F(FileReaderTest, WhatCannotBeOpened) {
   EXPECT_FALSE(FileReader().Open(folder_.Path("missing")));
   EXPECT_FALSE(FileReader().Open(folder_.Path("")));
