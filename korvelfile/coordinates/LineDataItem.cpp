@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "korvelfile/coordinates/PointDataItem.h"
+#include "korvelfile/data/ObjectText.h"
 #include "korvelfile/outside/base/DataStream.h"
-#include "korvelfile/outside/base/DataTextOutputStream.h"
 #include "korvelfile/outside/base/NumberText.h"
 #include "korvelfile/outside/base/Text.h"
 
@@ -53,13 +53,9 @@ void LineDataItem::AddArc(const std::string& name, const Vector3d& from, const V
 }
 
 int LineDataItem::SprintfStream(char* buffer, const char* indent) {
-  std::string row = std::string(indent) + "Line ";
-  DataTextOutputStream fields(row);
-  Stream(fields, giMarlinGeoFileVersion);
-  row += "\r\n";
-  row.copy(buffer, row.size());
-  buffer[row.size()] = '\0';
-  return static_cast<int>(row.size());
+  std::string row;
+  WriteObjectRow(0, row, "Line", this, giMarlinGeoFileVersion);
+  return CopyRow(buffer, indent + row);
 }
 
 void LineDataItem::Stream(DataStream& stream, int /*version*/) {

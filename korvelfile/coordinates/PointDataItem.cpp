@@ -4,6 +4,7 @@
 
 #include "korvelfile/coordinates/internal/LineNumber.h"
 #include "korvelfile/coordinates/internal/PointRow.h"
+#include "korvelfile/data/ObjectText.h"
 #include "korvelfile/outside/base/Angles.h"
 #include "korvelfile/outside/base/DataStream.h"
 #include "korvelfile/outside/base/NumberText.h"
@@ -100,9 +101,7 @@ bool PointDataItem::ConnectedTo(const std::string& otherName) const {
 int PointDataItem::SprintfStream(char* buffer, const char* indent) const {
   std::string row = indent;
   internal::AppendPointRow(row, 0, *this);
-  row.copy(buffer, row.size());
-  buffer[row.size()] = '\0';
-  return static_cast<int>(row.size());
+  return CopyRow(buffer, row);
 }
 
 void PointDataItem::Stream(DataStream& stream, int /*version*/) {

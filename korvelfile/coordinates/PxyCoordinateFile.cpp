@@ -12,6 +12,7 @@
 #include "korvelfile/data/FileVersions.h"
 #include "korvelfile/data/GeoAttribList.h"
 #include "korvelfile/data/TypedItemCursor.h"
+#include "korvelfile/outside/base/FilePath.h"
 #include "korvelfile/outside/base/Ghal.h"
 #include "korvelfile/outside/base/Text.h"
 
@@ -45,7 +46,7 @@ PxyCoordinateFile::~PxyCoordinateFile() = default;
 
 void PxyCoordinateFile::ChooseFile(const char* path) {
   path_ = path ? path : "nofile.pxy";
-  fileName_ = path_.substr(path_.rfind('/') + 1);
+  fileName_ = Korvel::FileNameOf(path_);
 }
 
 FileHeader* PxyCoordinateFile::GetFileHeader() const {
@@ -133,8 +134,8 @@ int PxyCoordinateFile::WriteCollectorFile() {
   if (!ExtensionOf(path_, extension)) return kWrongForm;
   if (dataHolder_) {
     // The list lacks the points: writing it would empty the file.
-    _GHAL::SystemMessage(Korvel::kDefaultLogLevel, "File is open for reading only: ");
-    _GHAL::SystemMessage(Korvel::kDefaultLogLevel, path_);
+    _GHAL::SystemMessage("File is open for reading only: ");
+    _GHAL::SystemMessage(path_);
     return kWrongForm;
   }
   if (IsColumnText(extension)) return WritePxyFile();

@@ -31,8 +31,8 @@ constexpr int kWrongForm = -9;
 constexpr const char* kLineKeyword = "Line";
 
 void Report(std::string_view text, const std::string& path) {
-  _GHAL::SystemMessage(Korvel::kDefaultLogLevel, text);
-  _GHAL::SystemMessage(Korvel::kDefaultLogLevel, path);
+  _GHAL::SystemMessage(text);
+  _GHAL::SystemMessage(path);
 }
 
 // Makes items of what is read.
@@ -203,7 +203,7 @@ int PxyCoordinateFile::ReadGeo(const std::function<bool(GeoFileTextInputStream&)
   GeoFileTextInputStream in(file);
   if (!read(in)) {
     SetFaultLine(in.GetLineNumber());
-    _GHAL::SystemMessage(Korvel::kDefaultLogLevel, "Invalid Geo-file format");
+    _GHAL::SystemMessage("Invalid Geo-file format");
     return kWrongForm;
   }
   return _FileIO::CloseFile(file);

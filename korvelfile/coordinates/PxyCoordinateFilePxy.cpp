@@ -31,11 +31,9 @@ constexpr int kHeaderLines = 2;
 
 using HeaderLine = std::array<char, internal::kPxyLineSize>;
 
-void Report(std::string_view text) { _GHAL::SystemMessage(Korvel::kDefaultLogLevel, text); }
-
 int ReportCantOpen(const std::string& path) {
-  Report("can't open pxy-file!");
-  Report(path);
+  _GHAL::SystemMessage("can't open pxy-file!");
+  _GHAL::SystemMessage(path);
   return kWrongForm;
 }
 
@@ -110,7 +108,7 @@ bool SkipHeader(GeoFile& file) {
 int OpenBehindHeader(const std::string& path, GeoFile& file) {
   if (_FileIO::OpenFile(file, path, _FileIO::kRead, true) != 0) return ReportCantOpen(path);
   if (SkipHeader(file)) return 0;
-  Report("Bogus pxy-file!");
+  _GHAL::SystemMessage("Bogus pxy-file!");
   return kWrongForm;
 }
 

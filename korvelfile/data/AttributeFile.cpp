@@ -11,6 +11,7 @@
 #include "korvelfile/data/ObjectText.h"
 #include "korvelfile/data/TypedItemCursor.h"
 #include "korvelfile/data/internal/ReadItem.h"
+#include "korvelfile/outside/base/FilePath.h"
 #include "korvelfile/outside/base/GeoFile.h"
 #include "korvelfile/outside/base/GeoFileTextInputStream.h"
 #include "korvelfile/outside/base/Ghal.h"
@@ -23,8 +24,6 @@ constexpr const char* kContextKeyword = "GeoAttribContext";
 constexpr const char* kTypeKeyword = "GeoAttribType";
 constexpr int kWrongForm = -9;
 constexpr int kNoMemory = -10;
-
-void Report(std::string_view text) { _GHAL::SystemMessage(Korvel::kDefaultLogLevel, text); }
 
 using internal::ReadItem;
 
@@ -67,7 +66,7 @@ void WriteBlock(GeoFile& file, const DataItemListObject& list, int indent, const
 
 void AttributeFile::ChooseFile(const char* path) {
   path_ = path ? path : "nofile.atr";
-  fileName_ = path_.substr(path_.rfind('/') + 1);
+  fileName_ = Korvel::FileNameOf(path_);
 }
 
 void AttributeFile::InitDataItems() { InsertItem(new FileHeader(kFileType, giAtrFileVersion), -1); }
@@ -105,14 +104,14 @@ int AttributeFile::ReadAtrFile() {
   ClearListObject();
   GeoFile file;
   if (_FileIO::OpenFile(file, path_, _FileIO::kRead, false) != 0) {
-    Report("can't open pxy-file!");
-    Report(path_);
+    _GHAL::SystemMessage("can't open pxy-file!");
+    _GHAL::SystemMessage(path_);
     return kWrongForm;
   }
   GeoFileTextInputStream in(file);
   if (!ReadContent(in)) {
     SetFaultLine(in.GetLineNumber());
-    Report("Invalid Atr-file format");
+    _GHAL::SystemMessage("Invalid Atr-file format");
     return kWrongForm;
   }
   return _FileIO::CloseFile(file);
@@ -129,13 +128,13 @@ int AttributeFile::WriteCollectorFile() {
   const ScopedDataCollectionLock lock(*this);
   GeoFile file;
   if (_FileIO::OpenFile(file, path_, _FileIO::kReplace, false) != 0) {
-    Report("can't create atr-file!");
-    Report(path_);
+    _GHAL::SystemMessage("can't create atr-file!");
+    _GHAL::SystemMessage(path_);
     return kWrongForm;
   }
   if (!WriteFileHeader(file, this, giAtrFileVersion)) {
-    Report("File Header missing: ");
-    Report(path_);
+    _GHAL::SystemMessage("File Header missing: ");
+    _GHAL::SystemMessage(path_);
     return kWrongForm;
   }
   WriteContexts(file);

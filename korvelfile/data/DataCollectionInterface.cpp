@@ -2,12 +2,6 @@
 
 #include "korvelfile/outside/base/Ghal.h"
 
-namespace {
-
-using Korvel::kDefaultLogLevel;
-
-}  // namespace
-
 DataCollectionInterface::~DataCollectionInterface() = default;
 
 int DataCollectionInterface::UseCollector() {
@@ -26,8 +20,7 @@ int DataCollectionInterface::UnUseCollector() {
   const GeoMutex::ScopedLock lock(collectorMutex_);
   if (userCount_ == kNotLoaded) return 1;
   if (--userCount_ < 0) {
-    _GHAL::SystemMessage(kDefaultLogLevel,
-                         "DataCollectionInterface::use/unuse collector is unbalanced!");
+    _GHAL::SystemMessage("DataCollectionInterface::use/unuse collector is unbalanced!");
     userCount_ = kNotLoaded;
     return 1;
   }
@@ -40,14 +33,13 @@ int DataCollectionInterface::UnUseCollector() {
 
 int DataCollectionInterface::WriteChanges() {
   isDirty_ = false;
-  _GHAL::SystemMessage(kDefaultLogLevel, "writing changes to file");
+  _GHAL::SystemMessage("writing changes to file");
   return WriteCollectorFile();
 }
 
 bool DataCollectionInterface::IsFreeToInit() const {
   if (userCount_ == kNotLoaded) return true;
-  _GHAL::SystemMessage(kDefaultLogLevel,
-                       "Can't Init collector because someone is using the collector!");
+  _GHAL::SystemMessage("Can't Init collector because someone is using the collector!");
   return false;
 }
 

@@ -69,7 +69,7 @@ void FileHeaderBase::Stream(DataStream& stream, int /*version*/) {
   std::string magic;
   if (stream.IsStoring()) {
     if (version_ == 0) {
-      _GHAL::SystemMessage(Korvel::kDefaultLogLevel, "File version must be set before streaming!");
+      _GHAL::SystemMessage("File version must be set before streaming!");
     }
     magic = VersionText(version_);
   }
@@ -77,7 +77,7 @@ void FileHeaderBase::Stream(DataStream& stream, int /*version*/) {
   if (!stream.IsStoring()) {
     version_ = HasMagic(magic) ? ParseVersion(std::string_view(magic).substr(kMagic.size())) : 0;
     if (!HasMagic(magic)) {
-      _GHAL::SystemMessage(Korvel::kDefaultLogLevel, "No valid version in file!");
+      _GHAL::SystemMessage("No valid version in file!");
     }
   }
   stream.Stream(fileType_);

@@ -4,7 +4,6 @@
 #include <array>
 #include <cstddef>
 
-
 void ColumnWriter::PutBlanks(int count) {
   if (count > 0) end_ = std::fill_n(end_, count, ' ');
 }

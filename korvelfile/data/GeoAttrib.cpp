@@ -6,9 +6,9 @@
 
 #include "korvelfile/data/FileVersions.h"
 #include "korvelfile/data/GeoAttribList.h"
+#include "korvelfile/data/ObjectText.h"
 #include "korvelfile/data/TypedItemCursor.h"
 #include "korvelfile/outside/base/DataStream.h"
-#include "korvelfile/outside/base/DataTextOutputStream.h"
 #include "korvelfile/outside/base/NumberText.h"
 #include "korvelfile/outside/base/Text.h"
 #include "korvelfile/outside/base/Undefined.h"
@@ -155,13 +155,9 @@ void GeoAttrib::PutDateTimeValue(double value) {
 }
 
 int GeoAttrib::SprintfStream(char* buffer, const char* indent) {
-  std::string row = std::string(indent) + "Attribute ";
-  DataTextOutputStream fields(row);
-  Stream(fields, giAtrFileVersion);
-  row += "\r\n";
-  row.copy(buffer, row.size());
-  buffer[row.size()] = '\0';
-  return static_cast<int>(row.size());
+  std::string row;
+  WriteObjectRow(0, row, "Attribute", this, giAtrFileVersion);
+  return CopyRow(buffer, indent + row);
 }
 
 int GeoAttrib::GetVersion() const { return giAtrFileVersion; }

@@ -43,6 +43,12 @@ void WriteObjectRow(int indent, std::string& out, const char* keyword, Streamabl
   out += "\r\n";
 }
 
+int CopyRow(char* buffer, const std::string& row) {
+  row.copy(buffer, row.size());
+  buffer[row.size()] = '\0';
+  return static_cast<int>(row.size());
+}
+
 bool ReadObjectRow(std::string_view line, std::string_view keyword, Streamable* object,
                    const int& version) {
   if (!HasKeyword(line, keyword)) return false;

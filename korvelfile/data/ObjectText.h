@@ -26,6 +26,9 @@ KORVELFILE_EXPORT void AppendIndent(std::string& out, int depth);
 KORVELFILE_EXPORT void WriteObjectRow(int indent, std::string& out, const char* keyword,
                                       Streamable* object, int version);
 
+/// Copies a row with a terminator into `buffer`, which has room for it; gives the row's length.
+KORVELFILE_EXPORT int CopyRow(char* buffer, const std::string& row);
+
 /// Reads the fields of a row into `object`.
 ///
 /// @param line without its indentation

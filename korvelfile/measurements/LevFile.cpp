@@ -24,8 +24,6 @@ constexpr int kCannotOpen = -9;
 constexpr int kWrongExtension = -9;
 constexpr int kOutOfMemory = -10;
 
-void Report(std::string_view text) { _GHAL::SystemMessage(Korvel::kDefaultLogLevel, text); }
-
 }  // namespace
 
 void LevFile::SetFile(const std::wstring& path) { path_ = Narrow(path); }
@@ -55,17 +53,17 @@ int LevFile::ReadCollectorFile() {
 }
 
 int LevFile::ReadLevFile() {
-  Report("Read collector file begin...");
+  _GHAL::SystemMessage("Read collector file begin...");
   ClearListObject();
   GeoFile file;
   if (_FileIO::OpenFile(file, path_, _FileIO::kRead, true) != 0) {
-    Report("Can't open: " + path_);
+    _GHAL::SystemMessage("Can't open: " + path_);
     return kCannotOpen;
   }
   GeoFileTextInputStream in(file);
   const int result = ReadRecords(in);
   if (result != 0) return result;
-  Report("Read collector file end.");
+  _GHAL::SystemMessage("Read collector file end.");
   return _FileIO::CloseFile(file);
 }
 
@@ -73,7 +71,7 @@ int LevFile::ReadRecords(GeoFileTextInputStream& in) {
   while (in.CheckObjectName(kKeyword)) {
     if (internal::ReadItem<LevRecordItem>(in, *this, kKeyword, kRowVersion)) continue;
     SetFaultLine(in.GetLineNumber());
-    Report("Failed to read Line in: " + path_);
+    _GHAL::SystemMessage("Failed to read Line in: " + path_);
     return kBadRow;
   }
   return 0;
@@ -88,7 +86,7 @@ int LevFile::WriteLevFile() {
   const ScopedDataCollectionLock lock(*this);
   GeoFile file;
   if (_FileIO::OpenFile(file, path_, _FileIO::kReplace, false) != 0) {
-    Report("Can't create lev-file!");
+    _GHAL::SystemMessage("Can't create lev-file!");
     return kCannotWrite;
   }
   TypedItemCursor<LevRecordItem> cursor(*this);
@@ -98,6 +96,6 @@ int LevFile::WriteLevFile() {
     WriteObjectRow(0, row, kKeyword, record, kRowVersion);
     _FileIO::WriteFile(file, row);
   }
-  Report("Wrote lev file.");
+  _GHAL::SystemMessage("Wrote lev file.");
   return _FileIO::CloseFile(file);
 }

@@ -14,6 +14,7 @@
 #include "korvelfile/measurements/StationDataItem.h"
 #include "korvelfile/measurements/internal/PlmReader.h"
 #include "korvelfile/measurements/internal/PlmWriter.h"
+#include "korvelfile/outside/base/FilePath.h"
 #include "korvelfile/outside/base/GeoFile.h"
 #include "korvelfile/outside/base/GeoFileTextInputStream.h"
 #include "korvelfile/outside/base/Ghal.h"
@@ -28,8 +29,6 @@ constexpr const char* kFileType = "Polar measurements";
 constexpr int kWrongForm = -9;
 constexpr int kOutOfMemory = -10;
 
-void Report(std::string_view text) { _GHAL::SystemMessage(Korvel::kDefaultLogLevel, text); }
-
 // The two lines of the short form, of today.
 std::string BackupHeader() {
   const GeoDate today = _Time::GetDateLocal();
@@ -42,7 +41,7 @@ std::string BackupHeader() {
 
 void MeasurementFile::ChooseFile(const char* path) {
   path_ = path ? path : "nofile.plm";
-  fileName_ = path_.substr(path_.rfind('/') + 1);
+  fileName_ = Korvel::FileNameOf(path_);
 }
 
 PrecisionDataItem* MeasurementFile::GetPrecision() { return FindFirst<PrecisionDataItem>(*this); }
@@ -89,7 +88,7 @@ int MeasurementFile::ReadCollectorFile() {
 }
 
 int MeasurementFile::ReadPlmFile() {
-  Report("Read collector file begin...");
+  _GHAL::SystemMessage("Read collector file begin...");
   ClearListObject();
   GeoFile file;
   if (_FileIO::OpenFile(file, path_, _FileIO::kRead, true) != 0) {
@@ -98,10 +97,10 @@ int MeasurementFile::ReadPlmFile() {
   GeoFileTextInputStream in(file);
   if (!internal::PlmReader(in).Read(*this)) {
     SetFaultLine(in.GetLineNumber());
-    Report("Invalid Plm-file format");
+    _GHAL::SystemMessage("Invalid Plm-file format");
     return kWrongForm;
   }
-  Report("Read collector file end.");
+  _GHAL::SystemMessage("Read collector file end.");
   return _FileIO::CloseFile(file);
 }
 
@@ -137,12 +136,12 @@ int MeasurementFile::WritePlmFile() {
     _FileIO::CloseFile(file);
     return Failure("Failed to write Attributelist: ");
   }
-  Report("Wrote PLM file.");
+  _GHAL::SystemMessage("Wrote PLM file.");
   return _FileIO::CloseFile(file);
 }
 
 int MeasurementFile::Failure(const char* message) const {
-  Report(message);
-  Report(path_);
+  _GHAL::SystemMessage(message);
+  _GHAL::SystemMessage(path_);
   return kWrongForm;
 }

@@ -7,6 +7,9 @@
 
 namespace Korvel {
 
+/// The last component of `path`; only "/" separates components.
+inline std::string FileNameOf(const std::string& path) { return path.substr(path.rfind('/') + 1); }
+
 /// A path taken apart into directory, base name and extension. Only "/" separates directories.
 ///
 /// The extension is what follows the last "." of the last component, if anything does.

@@ -38,6 +38,5 @@ bool GeoFileTextInputStream::TestForTag(std::string_view tag) {
 void GeoFileTextInputStream::ReportCutOff() {
   if (isCutOffReported_) return;
   isCutOffReported_ = true;
-  _GHAL::SystemMessage(Korvel::kDefaultLogLevel,
-                       "File is cut off after line " + std::to_string(lineNumber_));
+  _GHAL::SystemMessage("File is cut off after line " + std::to_string(lineNumber_));
 }

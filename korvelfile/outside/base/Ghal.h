@@ -41,6 +41,11 @@ class KORVELBASE_EXPORT _GHAL {
   /// Hands `text` to the sink.
   static void SystemMessage(Korvel::LogLevel level, std::string_view text);
 
+  /// The same at the level of the library's own messages.
+  static void SystemMessage(std::string_view text) {
+    SystemMessage(Korvel::kDefaultLogLevel, text);
+  }
+
   /// Replaces the sink; an empty function brings back the first one, which writes each message as
   /// a line to standard error. A message under way on another thread may still reach the old sink.
   /// @return the sink that was in place, to be put back later
