@@ -185,8 +185,9 @@ TEST(StationVerb, AnglesRuleEveryAngleInAndOut) {
     SCOPED_TRACE(unit);
     const Json s = FirstStation(
         RunKorvel(StationOf("crane_8001") + "--json --angles " + unit + " --angle-error " + error));
-    const auto ratio = [&](const Json& value, const Json& radians, const char* what) {
-      EXPECT_NEAR(value.get<double>() / radians.get<double>(), perRadian, 1e-6) << what;
+    const auto ratio = [factor = perRadian](const Json& value, const Json& radians,
+                                            const char* what) {
+      EXPECT_NEAR(value.get<double>() / radians.get<double>(), factor, 1e-6) << what;
     };
     ratio(s["orientation"], rad["orientation"], "orientation");
     ratio(s["standard_errors"]["orientation"], rad["standard_errors"]["orientation"], "error");
