@@ -20,8 +20,8 @@ constexpr const char* kSettingsGroup = "Adjustment: standard errors of the obser
 constexpr const char* kExamples =
     "A backsight is a record of type 7 that names a known point and isn't switched off by an\n"
     "attribute FSBU with none of the bits 1, 2, 4. A record in a line is looked for by its own\n"
-    "name first, then as LINE.NAME. All records of other types become new points, if they have\n"
-    "a distance. In coordinate files y stands before x; y is north, x is east.\n"
+    "name first, then as LINE.NAME. Every other record becomes a new point, if it has a distance,\n"
+    "but for what is switched off. In coordinate files y stands before x; y is north, x is east.\n"
     "\n"
     "Residuals are computed less observed. With --leave-one-out, a blunder shows as the backsight\n"
     "without which the unit weight deviation drops most.\n"

@@ -38,9 +38,9 @@ bool IsSwitchedOff(const RecordDataItem& record) {
 // Why the record is no backsight; empty if it is one.
 std::string Unusable(const RecordDataItem& record, const std::optional<KnownPoint>& point) {
   if (IsSwitchedOff(record)) return "switched off: its attribute FSBU has none of the bits 1, 2, 4";
-  if (!point) return "not among the known points";
+  if (!point) return "no backsight: not among the known points";
   if (!IsKnown(point->position.x) || !IsKnown(point->position.y))
-    return "its known point has no plane coordinates";
+    return "no backsight: its known point has no plane coordinates";
   return {};
 }
 
@@ -67,6 +67,15 @@ void AddBacksights(const std::vector<SightedRecord>& records, const korvel::Know
       LeaveOut(record, reason, outcome);
     }
   }
+}
+
+// True for what the adjustment doesn't take: any other record, and a backsight of type 7 that is
+// switched on but names no point with a known position.
+bool SightsNewPoint(const SightedRecord& sighted, const korvel::KnownPoints& known) {
+  const RecordDataItem& record = *sighted.record;
+  if (!IsFreeBacksight(record)) return true;
+  return !IsSwitchedOff(record) &&
+         !Unusable(record, known.Find(record.NameText(), sighted.LineName())).empty();
 }
 
 std::size_t CountOfType(const std::vector<SightedRecord>& records, PlmTypes::inm_rec_t type) {
@@ -140,6 +149,6 @@ korvel::StationOutcome korvel::ComputeStation(StationDataItem& station, const Kn
   station.Establish(outcome.result.Position, outcome.result.Orientation);
   StoreAccuracy(station, outcome.result);
   for (const SightedRecord& sighted : records)
-    if (!IsFreeBacksight(*sighted.record)) ComputeNewPoint(sighted, outcome);
+    if (SightsNewPoint(sighted, known)) ComputeNewPoint(sighted, outcome);
   return outcome;
 }
