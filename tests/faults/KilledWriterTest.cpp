@@ -19,9 +19,11 @@
 
 namespace {
 
+using std::chrono::microseconds;
+using std::chrono::steady_clock;
+
 constexpr int kKills = 300;
-constexpr int kPoints = 6000;                // about 300 kB, more than the writer's buffer
-constexpr std::size_t kLongestLife = 12000;  // microseconds, a few saves
+constexpr int kPoints = 6000;  // about 300 kB, more than the writer's buffer
 
 void Fill(PxyCoordinateFile& file, const std::string& path, const std::string& prefix) {
   file.ChooseFile(path.c_str());
@@ -45,7 +47,11 @@ class KilledWriterTest : public testing::Test {
     SetGoldenIdentity();
     Fill(first_, path_, "FIRST");
     Fill(second_, path_, "2nd");
-    contents_ = {Saved(first_, path_), Saved(second_, path_)};
+    const std::string first = Saved(first_, path_);
+    const auto before = steady_clock::now();
+    contents_ = {first, Saved(second_, path_)};
+    const auto save = std::chrono::duration_cast<microseconds>(steady_clock::now() - before);
+    longestLife_ = static_cast<std::size_t>(2 * save.count()) + 2000;
   }
 
   // A child that saves the two contents in turn for ever.
@@ -79,6 +85,7 @@ class KilledWriterTest : public testing::Test {
   PxyCoordinateFile first_{false};
   PxyCoordinateFile second_{false};
   std::set<std::string> contents_;
+  std::size_t longestLife_ = 0;  // of a writer, in microseconds: a few saves
 };
 
 TEST_F(KilledWriterTest, OneOfTheTwoFilesIsThereWhole) {
@@ -89,7 +96,7 @@ TEST_F(KilledWriterTest, OneOfTheTwoFilesIsThereWhole) {
   for (int i = 0; i < kKills; ++i) {
     const pid_t writer = StartWriter();
     ASSERT_GT(writer, 0);
-    std::this_thread::sleep_for(std::chrono::microseconds(random.Below(kLongestLife)));
+    std::this_thread::sleep_for(microseconds(random.Below(longestLife_)));
     kill(writer, SIGKILL);
     int status = 0;
     ASSERT_EQ(waitpid(writer, &status, 0), writer);
