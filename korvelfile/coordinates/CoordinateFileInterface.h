@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <memory>
 
 #include "korvelfile/Export.h"
@@ -10,8 +11,8 @@ class PointDataItem;
 
 /// A collector of points and lines.
 ///
-/// Names are compared exactly. Insertions and removals flag the collector dirty; the extent isn't
-/// guarded against other threads.
+/// Names are compared exactly. Insertions and removals flag the collector dirty, and may come from
+/// several threads; the extent isn't guarded against other threads.
 class KORVELFILE_EXPORT CoordinateFileInterface : public DataCollectionInterface {
  public:
   /// Appends a line, which the collector owns from here.
@@ -67,5 +68,5 @@ class KORVELFILE_EXPORT CoordinateFileInterface : public DataCollectionInterface
   double maxX_ = -kFarOut;
   double maxY_ = -kFarOut;
   double maxZ_ = -kFarOut;
-  bool isExtentValid_ = false;
+  std::atomic<bool> isExtentValid_ = false;  ///< cleared by any thread that inserts
 };

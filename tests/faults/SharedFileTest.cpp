@@ -1,5 +1,8 @@
 // Several threads that save to one file, and use one collector.
 
+#include <functional>
+#include <memory>
+#include <set>
 #include <string>
 #include <thread>
 #include <vector>
@@ -8,6 +11,7 @@
 
 #include "korvelfile/coordinates/PointDataItem.h"
 #include "korvelfile/coordinates/PxyCoordinateFile.h"
+#include "korvelfile/data/TypedItemCursor.h"
 #include "tests/support/Files.h"
 #include "tests/support/Surroundings.h"
 
@@ -51,6 +55,38 @@ TEST(SharedFile, ThreadsThatSaveToOnePathLeaveAWholeFile) {
   for (int i = 0; i < kPoints; ++i) {
     ASSERT_EQ(file[static_cast<std::size_t>(i) + 1].GetName(), NameOf(thread - '0', i));
   }
+}
+
+// Adds points, saves and reads the others' points, as one of several users of a file.
+void WorkOn(PxyCoordinateFile& file, int thread) {
+  ASSERT_EQ(file.UseCollector(), 0);
+  for (int i = 0; i < kPoints; ++i) {
+    file.InsertPoint(
+        std::make_unique<PointDataItem>(Vector3d(i, 2.0, 3.0), NameOf(0, i), "121", "", "remark"));
+    if (i % 50 == thread) file.SaveCollector();
+    if (i % 20 != thread) continue;
+    TypedItemCursor<PointDataItem> points(file);
+    PointDataItem* point = nullptr;
+    while (points.Next(point) == 0) EXPECT_EQ(point->GetPointCode(), "121");
+  }
+  EXPECT_EQ(file.UnUseCollector(), 0);
+}
+
+TEST(SharedFile, ThreadsThatUseOneCollectorLoseNoPoint) {
+  const CaughtMessages messages;
+  const TempFolder folder;
+  PxyCoordinateFile file(false);
+  file.ChooseFile(folder.Path("job.geo").c_str());
+  ASSERT_EQ(file.InitCollector(), 0);
+  ASSERT_EQ(file.UseCollector(), 0);
+  std::vector<std::thread> threads;
+  for (int i = 0; i < kThreads; ++i) threads.emplace_back(WorkOn, std::ref(file), i);
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(file.GetNumberOfItems(), kThreads * kPoints + 2);
+  ASSERT_EQ(file.UnUseCollector(), 0);
+
+  ASSERT_EQ(file.UseCollector(), 0);
+  EXPECT_EQ(file.GetNumberOfItems(), kThreads * kPoints + 2);
 }
 
 }  // namespace
