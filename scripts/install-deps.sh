@@ -11,7 +11,7 @@ tool_packages=(
   libnewmat10-dev libboost-dev
   libcli11-dev nlohmann-json3-dev libcairo2-dev)
 check_packages=(
-  libgtest-dev libgmock-dev libbenchmark-dev
+  libgtest-dev libgmock-dev
   clang libclang-rt-14-dev llvm
   clang-format doxygen locales)
 
