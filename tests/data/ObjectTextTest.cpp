@@ -1,12 +1,19 @@
 #include <cfloat>
 #include <string>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "korvelfile/data/FileInfo.h"
+#include "korvelfile/data/AttributeRows.h"
+#include "korvelfile/data/FileHeaderRows.h"
+#include "korvelfile/data/GeoAttrib.h"
 #include "korvelfile/data/GeoAttribType.h"
 #include "korvelfile/data/ObjectText.h"
 #include "korvelfile/outside/base/DataStream.h"
+#include "korvelfile/outside/base/GeoFile.h"
+#include "korvelfile/outside/base/GeoFileTextInputStream.h"
+#include "tests/support/Files.h"
+#include "tests/support/Surroundings.h"
 
 namespace {
 
