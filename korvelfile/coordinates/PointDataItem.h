@@ -17,8 +17,8 @@ enum class PointDataItemType : int {
   Radius = 1,  ///< its remark holds the radius of an arc
 };
 
-/// A point: name, coordinates in metres (x east, y north, z height; y stands before x in files), and
-/// a code triple that equal points share.
+/// A point: name, coordinates in metres (x east, y north, z height; y stands before x in files),
+/// and a code triple that equal points share.
 ///
 /// An undefined coordinate is `kUndefined`. The child list holds at most the point's
 /// `GeoAttribList`. The fields aren't guarded against other threads.
