@@ -16,6 +16,7 @@ void ColumnWriter::GoTo(Column column) {
 void ColumnWriter::Stream(std::string_view value, Column column) {
   GoTo(column);
   const std::size_t length = value.copy(end_, static_cast<std::size_t>(column.width));
+  std::replace(end_, end_ + length, '\n', ' ');
   end_ += length;
   PutBlanks(column.width - static_cast<int>(length));
 }

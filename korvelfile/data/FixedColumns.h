@@ -57,7 +57,8 @@ class KORVELFILE_EXPORT ColumnWriter {
   ///   column widens the record
   explicit ColumnWriter(char* out) : end_(out) {}
 
-  /// Left-justified, cut at the column's width.
+  /// Left-justified, cut at the column's width. A line feed, which would end the line, becomes a
+  /// blank.
   void Stream(std::string_view value, Column column);
 
   /// Right-justified, "%*.*f"; wider than the column if it must be.

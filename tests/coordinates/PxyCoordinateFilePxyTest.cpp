@@ -234,6 +234,14 @@ TEST_F(PxyTest, WhatDoesNotFit) {
       << "numbers widen the row, texts are cut";
 }
 
+TEST_F(PxyTest, LineFeedsDoNotEndALine) {
+  ASSERT_EQ(Read(Header()), 0);
+  file_.InsertPoint(new PointDataItem({1, 2, 3}, "two\nlines", "\n", "", "\na"), nullptr);
+  const std::string bytes = Written();
+  ASSERT_EQ(bytes.size(), 3 * internal::kPxyLineSize);
+  EXPECT_EQ(bytes.substr(Header().size(), 9), "two lines");
+}
+
 TEST_F(PxyTest, FormatPxyRecord) {
   char buffer[100];
   PxyCoordinateFile::FormatPxyRecord(buffer, sizeof buffer, "1001", 6500000.5, 150000.25, 12, "FIX",
