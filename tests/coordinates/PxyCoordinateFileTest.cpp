@@ -1,5 +1,4 @@
-// What the forms of a coordinate file share; each form has a file of tests of its own.
-
+#include <algorithm>
 #include <string>
 #include <thread>
 #include <vector>
@@ -10,224 +9,392 @@
 #include "korvelfile/coordinates/LineDataItem.h"
 #include "korvelfile/coordinates/PointDataItem.h"
 #include "korvelfile/coordinates/PxyCoordinateFile.h"
+#include "korvelfile/coordinates/SimpleCoordinateFile.h"
+#include "korvelfile/coordinates/internal/PxyRecord.h"
 #include "korvelfile/data/FileHeader.h"
-#include "korvelfile/data/GeoAttribList.h"
+#include "korvelfile/outside/base/Time.h"
+#include "korvelfile/outside/base/Undefined.h"
+#include "tests/coordinates/RealPoints.h"
+#include "tests/measurements/ItemText.h"
 #include "tests/support/Files.h"
+#include "tests/support/Random.h"
 #include "tests/support/Surroundings.h"
 
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
+using testing::HasSubstr;
 
 constexpr int kFailure = -9;
+constexpr std::size_t kDateAt = 23;  // in a `.pxy` file
+constexpr std::size_t kDateSize = 10;
 
-std::string Golden(const std::string& format) {
-  return ReadBytes(KORVELFILE_GOLDEN "/" + format + "/job." + format);
+// With the date of the golden files if it is a file of fixed columns.
+std::string Dated(std::string bytes) {
+  if (bytes.starts_with("XYZ")) bytes.replace(kDateAt, kDateSize, "2019-04-23");
+  return bytes;
+}
+
+std::string Golden(const std::string& extension) {
+  const std::string folder = extension == "geo" || extension == "llc" ? "/geo/" : "/pxy/";
+  return ReadBytes(KORVELFILE_GOLDEN + folder + "job." + extension);
+}
+
+std::string PxyHeader() { return Golden("pxy").substr(0, 2 * internal::kPxyLineSize); }
+
+// Object text of this version with these rows, each ended by a bar, behind its header.
+std::string Geo(std::string rows, const std::string& version = "2.01") {
+  std::replace(rows.begin(), rows.end(), '|', '\n');
+  return "FileHeader \"KVT Object Text v" + version + "\",\"\"\nbegin\nend\n" + rows;
+}
+
+// "name", "line{name name}" and so on, in the order of the list.
+std::string Outline(const DataItemListObject& list) {
+  std::string outline;
+  for (const DataItemInterface& item : list) {
+    const auto* line = dynamic_cast<const LineDataItem*>(&item);
+    if (!line && !dynamic_cast<const PointDataItem*>(&item)) continue;
+    if (!outline.empty()) outline += ' ';
+    outline += item.GetName();
+    if (line) outline += '{' + Outline(*line) + '}';
+  }
+  return outline;
 }
 
 class PxyCoordinateFileTest : public testing::Test {
  protected:
   PxyCoordinateFileTest() { SetGoldenIdentity(); }
 
-  std::string Put(const std::string& name, const std::string& bytes) {
-    WriteBytes(folder_.Path(name), bytes);
-    return folder_.Path(name);
+  int Read(const std::string& name, const std::string& bytes, PxyCoordinateFile& file) {
+    path_ = folder_.Path(name);
+    WriteBytes(path_, bytes);
+    file.UnUseCollector();
+    file.ChooseFile(path_.c_str());
+    return file.UseCollector();
+  }
+
+  int Read(const std::string& name, const std::string& bytes) { return Read(name, bytes, full_); }
+
+  std::string Written() {
+    EXPECT_EQ(full_.AutoSave(), 0);
+    return Dated(ReadBytes(path_));
   }
 
   TempFolder folder_;
+  std::string path_;
   CaughtMessages messages_;
+  PxyCoordinateFile full_{false};
+  PxyCoordinateFile simple_{true};
 };
 
-TEST_F(PxyCoordinateFileTest, Paths) {
+TEST_F(PxyCoordinateFileTest, GoldenFilesStandOnTheirPagesAndReadAndWriteByteForByte) {
   const struct {
-    const char *path, *shortName;
-  } kCases[] = {{"/a/b/job.geo", "job.geo"},
-                {"job.geo", "job.geo"},
-                {"a\\b\\job.geo", "a\\b\\job.geo"},
-                {"a/", ""}};
-  PxyCoordinateFile file(false);
+    std::string extension, page;
+    std::size_t tree;  // its index in the list
+  } kCases[] = {{"geo", "geo.md", 2}, {"pxy", "pxy.md", 3}, {"tun", "pxy.md", 0}, {"llc", "", 0}};
   for (const auto& c : kCases) {
-    file.ChooseFile(c.path);
-    EXPECT_STREQ(file.GetPxyFile(), c.path);
-    EXPECT_STREQ(file.GetFileName(), c.shortName);
+    std::string golden = Golden(c.extension);
+    ASSERT_EQ(Read("a." + c.extension, golden), 0);
+    EXPECT_THAT(messages_.Take(), testing::IsEmpty());
+    EXPECT_EQ(Written(), golden);
+    if (c.page.empty()) continue;
+    std::erase(golden, '\r');
+    EXPECT_THAT(ReadBytes(KORVELFILE_SOURCE "/docs/formats/" + c.page),
+                HasSubstr("```\n" + golden + "```\n"));
+    if (c.tree == 0) continue;
+    const auto& tree = dynamic_cast<const PointDataItem&>(full_[c.tree]);
+    EXPECT_EQ(tree.GetXY(), Vector(150021.75, 6500012.125)) << "y stands before x";
+    EXPECT_EQ(tree.GetRadius(), 12.5);
   }
-  file.ChooseFile(nullptr);
-  EXPECT_STREQ(file.GetPxyFile(), "nofile.pxy");
-  EXPECT_STREQ(file.GetFileName(), "nofile.pxy");
-  const std::string longPath = folder_.Path("") + std::string(200, '/') + "job.pxy";
-  file.ChooseFile(longPath.c_str());
-  EXPECT_EQ(file.GetPxyFile(), longPath);
-  EXPECT_EQ(file.InitCollector(), 0);
-  EXPECT_TRUE(folder_.Names().contains("job.pxy"));
 }
 
-TEST_F(PxyCoordinateFileTest, TheExtensionRulesTheForm) {
-  const std::string geo = Golden("geo"), pxy = Golden("pxy");
+TEST_F(PxyCoordinateFileTest, TheExtensionRulesTheFormOfOneFileAfterAnother) {
   const struct {
-    const char* name;
+    const char *name, *form;
     bool isReadOnly;
-    const std::string& bytes;
     int result, proxyType;
-  } kCases[] = {{"a.geo", false, geo, 0, 0},        {"a.GEO", true, geo, 0, 20},
-                {"a.llc", false, geo, 0, 11},       {"a.Llc", true, geo, 0, 11},
-                {"a.pxy", false, pxy, 0, 0},        {"a.Pxy", true, pxy, 0, 20},
-                {"a.tun", false, pxy, 0, 0},        {"a.TUN", true, pxy, 0, 20},
-                {"a.geo", false, pxy, kFailure, 0}, {"a.geo", true, pxy, kFailure, 0},
-                {"a.txt", false, geo, kFailure, 0}, {"a.geo.bak", false, geo, kFailure, 0},
-                {"nodot", false, geo, kFailure, 0}};
+  } kCases[] = {{"a.geo", "geo", false, 0, 0},        {"a.GEO", "geo", true, 0, 20},
+                {"a.llc", "geo", false, 0, 11},       {"a.Llc", "geo", true, 0, 11},
+                {"a.pxy", "pxy", false, 0, 0},        {"a.Pxy", "pxy", true, 0, 20},
+                {"a.tun", "pxy", false, 0, 0},        {"a.TUN", "pxy", true, 0, 20},
+                {"a.geo", "pxy", false, kFailure, 0}, {"a.llc", "geo", true, 0, 11},
+                {"a.txt", "geo", false, kFailure, 0}, {"a.geo.bak", "geo", false, kFailure, 0},
+                {"nodot", "geo", false, kFailure, 0}};
   for (const auto& c : kCases) {
-    PxyCoordinateFile file(c.isReadOnly);
-    file.ChooseFile(Put(c.name, c.bytes).c_str());
-    EXPECT_EQ(file.GetProxyType(), 0);
-    EXPECT_EQ(file.UseCollector(), c.result) << c.name;
+    PxyCoordinateFile& file = c.isReadOnly ? simple_ : full_;
+    EXPECT_EQ(Read(c.name, Golden(c.form), file), c.result) << c.name;
     EXPECT_EQ(file.GetProxyType(), c.proxyType) << c.name;
     EXPECT_EQ(file.GetDataHolder() != nullptr, c.proxyType == 20) << c.name;
-    EXPECT_EQ(file.IsForReadOnly(), c.isReadOnly);
-    EXPECT_EQ(file.GetGraphicsObject(), &file);
   }
 }
 
-TEST_F(PxyCoordinateFileTest, UnknownFormsAreNeitherReadNorWritten) {
-  PxyCoordinateFile file(false);
-  file.InitAndUseCollectorWithoutFuckingDisk();
-  for (const char* name : {"", "nodot", "a.txt"}) {
-    file.ChooseFile(name);
-    EXPECT_EQ(file.AutoSave(), kFailure) << name;
-  }
-  EXPECT_THAT(messages_.Take(), IsEmpty());
-  EXPECT_THAT(folder_.Names(), IsEmpty());
-  file.UnUseCollector();
+TEST_F(PxyCoordinateFileTest, FailedSavesTellAndKeepTheLastGoodCopy) {
+  for (const std::string extension : {"geo", "pxy"}) {
+    const std::string path = folder_.Path("none/a." + extension);
+    full_.ChooseFile(path.c_str());
+    full_.InitAndUseCollectorWithoutFuckingDisk();
+    EXPECT_EQ(full_.AutoSave(), kFailure);
+    const bool isGeo = extension == "geo";
+    EXPECT_THAT(messages_.Take(),
+                ElementsAre(isGeo ? "can't create geo-file!" : "can't open pxy-file!", path));
+    full_.UnUseCollector();
 
-  file.InsertItem(new LineDataItem, -1);
-  file.ChooseFile("nodot");
-  EXPECT_EQ(file.UseCollector(), kFailure);
-  EXPECT_EQ(file.size(), 1U) << "without an extension the list is left as it was";
-  file.ChooseFile("a.txt");
-  EXPECT_EQ(file.UseCollector(), kFailure);
-  EXPECT_EQ(file.size(), 0U);
+    const std::string golden = Golden(extension);
+    ASSERT_EQ(Read("a." + extension, golden, simple_), 0);
+    EXPECT_EQ(simple_.AutoSave(), kFailure) << "its list lacks the points";
+    EXPECT_THAT(messages_.Take(), ElementsAre("File is open for reading only: ", path_));
+    EXPECT_EQ(ReadBytes(path_), golden);
+    simple_.UnUseCollector();
+    EXPECT_EQ(simple_.InitCollector(), 0) << "a new file may be made";
+    EXPECT_NE(ReadBytes(path_), golden);
+  }
+  ASSERT_EQ(Read("a.geo", Golden("geo")), 0);
+  full_.DeleteItem(full_.GetFileHeader());
+  EXPECT_EQ(full_.AutoSave(), kFailure);
+  EXPECT_THAT(messages_.Take(), ElementsAre("File Header missing: ", path_));
+  EXPECT_EQ(ReadBytes(path_), Golden("geo"));
 }
 
-TEST_F(PxyCoordinateFileTest, MissingAndUnwritableFiles) {
-  const struct {
-    const char *name, *writeMessage;
-  } kCases[] = {{"none/a.geo", "can't create geo-file!"},
-                {"none/a.llc", "can't create geo-file!"},
-                {"none/a.pxy", "can't open pxy-file!"},
-                {"none/a.tun", "can't open pxy-file!"}};
-  for (const auto& c : kCases) {
-    const std::string path = folder_.Path(c.name);
-    for (const bool isReadOnly : {false, true}) {
-      PxyCoordinateFile file(isReadOnly);
+TEST_F(PxyCoordinateFileTest, NewFilesCarryTheDateOfToday) {
+  path_ = folder_.Path("new.pxy");
+  full_.ChooseFile(path_.c_str());
+  const int before = _Time::GetDateLocal().day;
+  ASSERT_EQ(full_.InitCollector(), 0);
+  const std::string bytes = ReadBytes(path_);
+  const int day = std::stoi(bytes.substr(kDateAt + 8, 2));
+  EXPECT_THAT(day, testing::AnyOf(before, _Time::GetDateLocal().day));
+  EXPECT_EQ(Dated(bytes), PxyHeader());
+}
+
+TEST_F(PxyCoordinateFileTest, ThreadsReadAndWriteTheRealFilesAtOnce) {
+  _GHAL::SetIdentity({L"converter", L"1.0", L"", L"", L""});
+  std::vector<std::thread> threads;
+  for (const std::string name : {"1.geo", "2.pxy", "3.geo", "4.pxy"}) {
+    threads.emplace_back([this, name] {
+      const std::string extension = name.substr(2), path = folder_.Path(name);
+      const double eastOffset = extension == "geo" ? 0.0 : RealPoints::kPxyEastOffset;
+      const std::string bytes =
+          ReadBytes(KORVELFILE_TEST_DATA "/points/m3_breaklines." + extension);
+      WriteBytes(path, bytes);
+      PxyCoordinateFile file(false), simple(true);
       file.ChooseFile(path.c_str());
-      EXPECT_EQ(file.UseCollector(), kFailure) << c.name;
-      EXPECT_THAT(messages_.Take(), ElementsAre("can't open pxy-file!", path));
-      EXPECT_EQ(file.GetDataHolder(), nullptr);
-      EXPECT_EQ(file.GetFaultLine(), 0);
-      file.InitAndUseCollectorWithoutFuckingDisk();
-      EXPECT_EQ(file.AutoSave(), kFailure) << c.name;
-      EXPECT_THAT(messages_.Take(), ElementsAre(c.writeMessage, path));
+      ASSERT_EQ(file.UseCollector(), 0);
+      RealPoints::ExpectIn(file, eastOffset);
+      EXPECT_EQ(file.AutoSave(), 0);
+      EXPECT_EQ(Dated(ReadBytes(path)), Dated(bytes));
+      simple.ChooseFile(path.c_str());
+      ASSERT_EQ(simple.UseCollector(), 0);
+      RealPoints::ExpectInStore(*simple.GetDataHolder(), eastOffset);
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+}
+
+TEST_F(PxyCoordinateFileTest, CutOffAndMangledFilesAreReadOrRefused) {
+  PrintedRandom random(4711);
+  for (const std::string name : {"a.geo", "a.pxy"}) {
+    const std::string golden = Golden(name.substr(2));
+    const std::size_t needed =
+        name == "a.pxy" ? internal::kPxyLineSize : golden.find("LineList") + 7;
+    for (std::size_t i = 0; i < golden.size(); ++i) {
+      const int cutOff = Read(name, golden.substr(0, i));
+      ASSERT_TRUE(cutOff == kFailure ? name == "a.geo" || i <= needed : i > needed) << i;
+      std::string bytes = golden;
+      for (std::size_t hits = 1 + random.Below(4); hits > 0; --hits) {
+        bytes[random.Below(bytes.size())] = static_cast<char>(random.Below(256));
+      }
+      const int result = Read(name, bytes);
+      ASSERT_TRUE(result == 0 || (result == kFailure && name == "a.geo")) << i;
+      // Only the version is looked at by one reader alone.
+      ASSERT_TRUE(Read(name, bytes, simple_) == result || result == kFailure) << i;
+      if (result == kFailure || name == "a.pxy") continue;
+      const std::string once = Written();
+      ASSERT_EQ(Read(name, once), 0) << i;
+      ASSERT_EQ(Written(), once) << i;
     }
   }
 }
 
-TEST_F(PxyCoordinateFileTest, DefaultItems) {
-  PxyCoordinateFile file(false);
-  ASSERT_EQ(file.InitAndUseCollectorWithoutFuckingDisk(), 0);
-  ASSERT_EQ(file.size(), 2U);
-  EXPECT_EQ(file.GetFileHeader(), &file[0]);
-  EXPECT_EQ(file.GetFileHeader()->GetFileType(), "Coordinate Document");
-  EXPECT_EQ(file.GetFileHeader()->GetVersion(), 0x00020001);
-  std::string description = "none";
-  EXPECT_TRUE(file.GetFileHeader()->GetInfo("Description", description));
-  EXPECT_EQ(description, "");
-  EXPECT_TRUE(dynamic_cast<GeoAttribList*>(&file[1]));
+TEST_F(PxyCoordinateFileTest, CutOffFilesAreTold) {
+  const std::string geo = Golden("geo");
+  ASSERT_EQ(Read("a.geo", geo.substr(0, geo.find("\t\t\tPoint \"3\""))), 0);
+  EXPECT_THAT(messages_.Take(),
+              ElementsAre(testing::AllOf(HasSubstr("cut off"), testing::EndsWith("line 30"))));
+  EXPECT_EQ(Outline(full_), "1001 1002 Gr\xC3\xA4nd 4 12{1 2}") << "what was there is kept";
+  ASSERT_EQ(Read("a.pxy", "one line\r\n"), kFailure);
+  EXPECT_THAT(messages_.Take(), ElementsAre("Bogus pxy-file!"));
 }
 
-TEST_F(PxyCoordinateFileTest, LinesAndLinks) {
-  PxyCoordinateFile file(false);
-  file.InitAndUseCollectorWithoutFuckingDisk();
-  LineDataItem* line = file.CreateLine("L", 4711);
-  EXPECT_EQ(&file.back(), line);
-  EXPECT_EQ(line->GetName(), "L");
-  EXPECT_FALSE(file.IsModified());
-  line->AddPoint("1", Vector3d(), "", "", "");
-  auto& inLine = dynamic_cast<PointDataItem&>(line->front());
-  auto* point = new PointDataItem;
-  file.InsertPoint(point, nullptr);
-  int thing = 0;
-  point->SetLink(&thing);
-  line->SetLink(&thing);
-  inLine.SetLink(&thing);
-  file.RemoveLinks();
-  EXPECT_EQ(point->GetLink(), nullptr);
-  EXPECT_EQ(line->GetLink(), nullptr);
-  EXPECT_EQ(inLine.GetLink(), nullptr);
-}
-
-// Its list lacks the points.
-TEST_F(PxyCoordinateFileTest, ReadOnlyFilesAreNotWritten) {
-  for (const std::string format : {"geo", "pxy"}) {
-    const std::string bytes = Golden(format);
-    const std::string path = Put("job." + format, bytes);
-    PxyCoordinateFile file(true);
-    file.ChooseFile(path.c_str());
-    ASSERT_EQ(file.UseCollector(), 0);
-    file.FlagDirty();
-    messages_.Take();
-    EXPECT_EQ(file.SaveCollector(), kFailure);
-    EXPECT_THAT(messages_.Take(),
-                ElementsAre("writing changes to file", "File is open for reading only: ", path));
-    EXPECT_EQ(ReadBytes(path), bytes);
-    const auto store = file.GetDataHolder();
-    file.UnUseCollector();
-    CooPtData point;
-    EXPECT_TRUE(store->GetPoint(point, KeeperFreePoints, KeeperFirst, 0)) << "outlives its use";
-    EXPECT_EQ(file.InitCollector(), 0) << "a new file may be made";
-    EXPECT_NE(ReadBytes(path), bytes);
-  }
-}
-
-TEST_F(PxyCoordinateFileTest, OneObjectReadsOneFileAfterAnother) {
-  const std::string llc = Put("a.llc", Golden("geo"));
-  const std::string pxy = Put("a.pxy", Golden("pxy"));
-  PxyCoordinateFile file(true);
+TEST_F(PxyCoordinateFileTest, FormsOfObjectText) {
+  const std::string noAttributes = "AttributeList |", noLines = "LineList |" + noAttributes;
   const struct {
-    const std::string& path;
-    int proxyType;
-  } kSteps[] = {{llc, 11}, {pxy, 20}, {llc, 11}};
-  for (const auto& step : kSteps) {
-    file.ChooseFile(step.path.c_str());
-    ASSERT_EQ(file.UseCollector(), 0);
-    EXPECT_EQ(file.GetProxyType(), step.proxyType);
-    file.UnUseCollector();
+    std::string rows, written;
+  } kCases[] = {
+      {"PointList|LineList|Other|", "PointList |" + noLines},
+      {"  POINTLIST|begin|\t\tend|linelist |  begin|end|\tattributelist|begin|end|rest",
+       "PointList |" + noLines},
+      {"PointList|begin|Point \"P\",,,|Point|Point \"Q\",?,0.5|end|LineList",
+       "PointList |begin|Point \"P\",,,,\"\",\"\",\"\"|Point \"\",,,,\"\",\"\",\"\"|"
+       "Point \"Q\",?,5.000000000000000e-01,,\"\",\"\",\"\"|end|" +
+           noLines},
+      {"PointList|LineList|begin|Line \"L\"|end|",
+       "PointList |LineList |begin|Line \"L\",0,\"\"|begin|PointList |end|end|" + noAttributes},
+      {"PointList|LineList|begin|Line \"L\"|begin|PointList|begin|Point \"1\"|end|AttributeList|"
+       "begin|Attribute \"lost\",\"1\"|end|PointList|begin|Point \"2\"|end|end|end|",
+       "PointList |LineList |begin|Line \"L\",0,\"\"|begin|PointList |begin|"
+       "Point \"1\",,,,\"\",\"\",\"\"|Point \"2\",,,,\"\",\"\",\"\"|end|end|end|" +
+           noAttributes},
+      {"PointList|begin|Point|begin|AttributeList|end|Point|begin|end|end|LineList|",
+       "PointList |begin|Point \"\",,,,\"\",\"\",\"\"|begin|AttributeList |end|"
+       "Point \"\",,,,\"\",\"\",\"\"|end|" +
+           noLines},
+  };
+  for (const auto& c : kCases) {
+    ASSERT_EQ(Read("a.geo", Geo(c.rows)), 0) << c.rows;
+    std::string written = Written();
+    written.erase(0, written.find("PointList"));
+    std::erase_if(written, [](char byte) { return byte == '\r' || byte == '\t'; });
+    std::replace(written.begin(), written.end(), '\n', '|');
+    EXPECT_EQ(written, c.written);
   }
-  EXPECT_EQ(file.GetDataHolder(), nullptr);
 }
 
-TEST_F(PxyCoordinateFileTest, ThreadsReadTheSameNamesAtOnce) {
-  const std::string geo = KORVELFILE_TEST_DATA "/points/m3_breaklines.geo";
-  const std::string pxy = KORVELFILE_TEST_DATA "/points/m3_breaklines.pxy";
-  std::vector<std::thread> threads;
-  for (int t = 0; t < 4; ++t) {
-    threads.emplace_back([&, t] {
-      PxyCoordinateFile file(false);
-      file.ChooseFile((t % 2 == 0 ? geo : pxy).c_str());
-      for (int round = 0; round < 2; ++round) {
-        ASSERT_EQ(file.UseCollector(), 0);
-        std::size_t points = 0;
-        for (const DataItemInterface& item : file) {
-          const auto* line = dynamic_cast<const LineDataItem*>(&item);
-          if (!line) continue;
-          points += line->size();
-          EXPECT_EQ(line->front().GetName(), "1");
-        }
-        EXPECT_EQ(points, 5871U);
-        file.UnUseCollector();
-      }
-    });
+TEST_F(PxyCoordinateFileTest, RefusedObjectText) {
+  const std::string rows = "PointList|LineList|", line = rows + "begin|Line \"L\"|begin|";
+  const struct {
+    std::string bytes;
+    int faultLine;
+    int readOnlyResult = kFailure;
+  } kCases[] = {
+      {"", 0},
+      {"PointList\nLineList\n", 1},
+      {"FileHeader \"KVT Object Text v2.01\"\nPointList\n", 2},
+      {"FileHeader \"KVT Object Text v2.01\"\nbegin\nFileInfos\nend\n", 3},
+      {Geo("LineList|"), 4},
+      {Geo("PointList|AttributeList|"), 5},
+      {Geo("PointList|"), 4},
+      {Geo("PointList|begin|Point2 \"P\"|end|LineList|"), 6},
+      {Geo("PointList|Point \"P\"|LineList|"), 5},
+      {Geo("PointList|begin|Point|begin|Point|end|end|"), 8},
+      {Geo("PointList|begin|Point|begin|AttributeList|begin|Attributes|end|"), 10},
+      {Geo(rows + "begin|Point|end|"), 7},
+      {Geo(line + "AttributeList|end|end|"), 9},
+      {Geo(line + "PointList|AttributeList|begin|X|"), 12},
+      {Geo(rows + "AttributeList|begin|Point|"), 8},
+      {Geo(rows, "2.02"), 4, 0},
+      {Geo(rows, "1e99"), 4, 0},
+  };
+  for (const auto& c : kCases) {
+    EXPECT_EQ(Read("a.geo", c.bytes), kFailure) << c.bytes;
+    EXPECT_EQ(messages_.Take().back(), "Invalid Geo-file format") << c.bytes;
+    EXPECT_EQ(full_.GetFaultLine(), c.faultLine) << c.bytes;
+    EXPECT_EQ(Read("a.geo", c.bytes, simple_), c.readOnlyResult) << c.bytes;
+    EXPECT_EQ(simple_.GetFaultLine(), c.readOnlyResult == 0 ? 0 : c.faultLine) << c.bytes;
+    messages_.Take();
   }
-  for (std::thread& thread : threads) thread.join();
+}
+
+TEST_F(PxyCoordinateFileTest, ReadOnlyStore) {
+  const std::string colour = "AttributeList|begin|Attribute \"Color\",\"5\"|end|";
+  const std::string points = "PointList|begin|Point|begin|" + colour + "end|Point|end|";
+  ASSERT_EQ(Read("a.geo",
+                 Geo("PointList|LineList|begin|Line \"A\"|begin|" + points + colour +
+                     "end|Line \"B\"|begin|" + points + "end|end|"),
+                 simple_),
+            0);
+  SimpleGeoLine line;
+  SimpleGeoPt point;
+  const auto store = [this] {
+    return std::static_pointer_cast<SimpleCoordinateFile>(simple_.GetDataHolder());
+  };
+  for (const int i : {0, 1}) {
+    ASSERT_TRUE(store()->GetLine(line, KeeperByIndex, i));
+    EXPECT_EQ(line.Colour, i == 0 ? 5 : 0xFFFFFFFF) << "its own, not that of the line before";
+    ASSERT_TRUE(store()->GetPoint(point, KeeperLinePoints, KeeperByIndex, i));
+    EXPECT_EQ(point.Colour, i == 0 ? 5 : 0xFFFFFFFF);
+  }
+  ASSERT_EQ(Read("a.pxy", Golden("pxy"), simple_), 0);
+  ASSERT_TRUE(store()->GetLine(line, KeeperLast, 0));
+  EXPECT_STREQ(line.Name, ".5");
+  EXPECT_EQ(line.PointCount, 2) << "what follows the last line belongs to it";
+}
+
+// A codec that only looks at the columns.
+struct ColumnWalk {
+  template <class Value>
+  void Stream(Value& /*value*/, Column column) {
+    EXPECT_GE(column.offset, reached);
+    EXPECT_GT(column.width, 0);
+    EXPECT_GE(column.decimals, 0);
+    reached = column.offset + column.width;
+  }
+  int reached = 0;
+};
+
+TEST_F(PxyCoordinateFileTest, ColumnsAreInOrder) {
+  ColumnWalk walk;
+  internal::PxyRecord record;
+  internal::StreamPxyColumns(walk, record);
+  EXPECT_EQ(walk.reached, internal::kPxyEndOffset);
+  EXPECT_EQ(internal::kPxyEndOffset + internal::kPxyLineEnd.size(), internal::kPxyLineSize);
+}
+
+TEST_F(PxyCoordinateFileTest, NamesMakeLines) {
+  const struct {
+    std::string names, outline, written;
+  } kCases[] = {
+      {"L1.10 L1.20", "L1{10 20}", "L1.10 L1.20"},
+      {"A.B.C ..a.b 1 1", "A{C} ..a{b} 1 1", "A.C ..a.b 1 1"},
+      {".5 .5.7 5. ...", ".5{5 7} 5{} ...{}", ".5.5 .5.7 5. ...."},
+      {"L1.1 2 L1.3", "L1{1 3} 2", "L1.1 L1.3 2"},
+      {"L1.1 L2.1 L1.2 l1.1", "L1{1} L2{1} L1{2} l1{1}", "L1.1 L2.1 L1.2 l1.1"},
+  };
+  for (const auto& c : kCases) {
+    std::string rows = c.names + "\n";
+    std::replace(rows.begin(), rows.end(), ' ', '\n');
+    ASSERT_EQ(Read("a.tun", PxyHeader() + rows), 0);
+    EXPECT_EQ(Outline(full_), c.names);
+    ASSERT_EQ(Read("a.pxy", PxyHeader() + rows), 0);
+    EXPECT_EQ(Outline(full_), c.outline);
+    Written();
+    ASSERT_EQ(Read("a.tun", ReadBytes(path_)), 0);
+    EXPECT_EQ(Outline(full_), c.written);
+  }
+}
+
+TEST_F(PxyCoordinateFileTest, OddLinesAreRecordsThatTakeNothingFromTheLineBefore) {
+  const struct {
+    std::string line, fields;
+  } kCases[] = {
+      {" \r\n", R"("",0,0,0,"","","")"},
+      {"P", R"("P",0,0,0,"","","")"},
+      {"P             12.5\r\n", R"("P",12.5,0,0,"","","")"},
+      {"P                    12.50      1.5000     -2.0000 K\n", R"("P",12.5,1.5,-2,"K","","")"},
+      {"P               1.25abc 7         8\n", R"("P",1.25,8,0,"","","")"},
+      {"ABCDEFGHIJKLMN      1.0000      2.0000      3.0000xKKKKKKKKxSSRRRRRRRRRRRRtail\n",
+       R"("ABCDEFGHIJKL",1,2,3,"KKKKKKKK","SS","RRRRRRRRRRRR")"},
+      {"P\t            1\n", R"("P\t",1,0,0,"","","")"},
+      {"Gr\xE4nd         1\r\n", "\"Gr\xE4nd\",1,0,0,\"\",\"\",\"\""},
+      {"P             1" + std::string(100000, 'x'), R"("P",1,0,0,"xxxxxxxx","xx","xxxxxxxxxxxx")"},
+  };
+  for (const auto& c : kCases) {
+    ASSERT_EQ(Read("a.tun", Golden("pxy") + c.line), 0) << c.line;
+    EXPECT_EQ(FieldsOf(dynamic_cast<PointDataItem&>(full_.back()), 0), c.fields) << c.line;
+  }
+}
+
+TEST_F(PxyCoordinateFileTest, WhatDoesNotFitItsColumns) {
+  ASSERT_EQ(Read("a.pxy", PxyHeader()), 0);
+  LineDataItem* line = full_.CreateLine("LINE567", 0);
+  line->AddPoint("12345678", {kUndefined, 1e9, -0.00004}, "123456789", "ABC", "1234567890123");
+  full_.InsertPoint(new PointDataItem({1, 2, 3}, "two\nlines", "\n", "", "\na"), nullptr);
+  const std::string rows = Written().substr(PxyHeader().size());
+  const std::string row =
+      "LINE567.1234  1000000000.0000      0.0000     -0.0000 12345678 "
+      "AB123456789012,\r\n";
+  EXPECT_EQ(rows.substr(0, row.size()), row) << "numbers widen the row, texts are cut";
+  EXPECT_EQ(rows.size(), row.size() + internal::kPxyLineSize) << "line feeds do not end a line";
+  EXPECT_EQ(rows.substr(row.size(), 9), "two lines");
 }
 
 }  // namespace
