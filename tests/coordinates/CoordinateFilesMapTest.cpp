@@ -1,4 +1,3 @@
-#include <set>
 #include <string>
 #include <vector>
 
@@ -14,7 +13,6 @@
 namespace {
 
 using testing::ElementsAre;
-
 using Names = std::vector<std::string>;
 
 class CoordinateFilesMapTest : public testing::Test {
@@ -112,7 +110,6 @@ TEST_F(CoordinateFilesMapTest, FilesThatCannotBeLoaded) {
     EXPECT_EQ(Load({bad, "a.geo"}), 3) << bad;
     EXPECT_THAT(map_.GetFileNames(), ElementsAre("a.geo")) << bad;
     EXPECT_THAT(map_.GetPointList(), ElementsAre("A")) << bad;
-    EXPECT_EQ(map_.GetGraphicsObjects().size(), 1U) << bad;
   }
 }
 
@@ -134,19 +131,6 @@ TEST_F(CoordinateFilesMapTest, AddedPoints) {
   Load({"d.geo"});
   EXPECT_EQ(map_.SetAdditionalPoint("E", {}), "E");
   EXPECT_THAT(map_.GetPointList(), ElementsAre("D", "E")) << "a point of the new set stays";
-}
-
-TEST_F(CoordinateFilesMapTest, RealFiles) {
-  const Names files = {"m3_breaklines.geo", "m3_breaklines.pxy"};
-  EXPECT_EQ(map_.LoadFiles(files, Widen(KORVELFILE_TEST_DATA "/points/")), 1);
-  const Names& names = map_.GetPointList();
-  ASSERT_EQ(names.size(), 2U * 5871);
-  EXPECT_EQ(std::set<std::string>(names.begin(), names.end()).size(), names.size());
-  EXPECT_EQ(map_.GetLineList().size(), 2U * 175);
-  EXPECT_EQ(names.front(), "1.1");
-  EXPECT_EQ(names[5871], "1.1_x2");
-  EXPECT_EQ(Info("1.1").GetENH(), Vector3d(21531279.279, 6783172.777, 21.172));
-  EXPECT_EQ(Info("1.1_x2").GetENH(), Vector3d(531279.279, 6783172.777, 21.172));
 }
 
 }  // namespace

@@ -18,26 +18,23 @@ class SimpleCoordinateFileTest : public testing::Test {
     EXPECT_TRUE(store_.InsertPoint(&point, 0xFFFFFFFF));
   }
 
-  void AddLine(const std::string& name, std::uint8_t type = 0) {
+  void AddLine(const std::string& name) {
     LineDataItem line;
     line.SetName(name);
-    line.LineType = type;
     EXPECT_TRUE(store_.InsertLine(&line));
   }
 
-  // Free points F0, F1, F2; closed line A of A0, A1; B without points; C of C0, C1, C2; D of D0.
+  // Free points F0, F1, F2; line A of A0, A1; B without points; C of C0, C1, C2; D of D0.
   void Fill() {
-    for (const char* name : {"F0", "F1", "F2"}) AddPoint(name);
-    AddLine("A", 1);
-    AddPoint("A0", 0, 0);
-    AddPoint("A1", 10, 0);
-    AddLine("B");
-    AddLine("C");
-    AddPoint("C0", 0, 5);
-    AddPoint("C1", 10, 5);
-    AddPoint("C2", 10, 15);
-    AddLine("D");
-    AddPoint("D0", 5, 2.5);
+    const struct {
+      std::string name;
+      double x = 0.0, y = 0.0;
+    } kRecords[] = {{"F0"},         {"F1"}, {"F2"},        {"A"},        {"A0"},
+                    {"A1", 10},     {"B"},  {"C"},         {"C0", 0, 5}, {"C1", 10, 5},
+                    {"C2", 10, 15}, {"D"},  {"D0", 5, 2.5}};
+    for (const auto& r : kRecords) {
+      r.name.size() == 1 ? AddLine(r.name) : AddPoint(r.name, r.x, r.y);
+    }
     store_.FinishedReading();
   }
 
@@ -103,15 +100,15 @@ TEST_F(SimpleCoordinateFileTest, LinesNearAPointAndInABox) {
               !c.lines.empty());
     EXPECT_EQ(lines, c.lines) << c.a.x << " " << c.a.y;
   }
-  std::vector<int> collected{7, 2, 0};
+  std::vector collected{7, 2, 0};
   EXPECT_TRUE(store_.IsPointNearLine({{5, 5, 0}}, 0.0, collected));
   EXPECT_EQ(collected, (std::vector{0, 2, 7})) << "sorted, and none twice";
 }
 
 TEST_F(SimpleCoordinateFileTest, BlocksGrowAndTextsAreCut) {
-  const std::string end(32, 'n'), lineEnd(255, 'n');
+  const std::string end(255, 'n');
   for (int i = 0; i < 2001; ++i) AddPoint(std::to_string(i) + end);
-  for (int i = 0; i < 201; ++i) AddLine(std::to_string(i) + lineEnd);
+  for (int i = 0; i < 201; ++i) AddLine(std::to_string(i) + end);
   store_.FinishedReading();
   SimpleCoordinateFile copy(store_);
   std::swap(copy, store_);
@@ -120,7 +117,7 @@ TEST_F(SimpleCoordinateFileTest, BlocksGrowAndTextsAreCut) {
     ASSERT_EQ(Point(KeeperFreePoints, KeeperByIndex, i), (std::to_string(i) + end).substr(0, 32));
   }
   for (int i = 0; i < 201; ++i) {
-    ASSERT_EQ(Line(KeeperByIndex, i), (std::to_string(i) + lineEnd).substr(0, 255));
+    ASSERT_EQ(Line(KeeperByIndex, i), (std::to_string(i) + end).substr(0, 255));
   }
   SimpleGeoPt point;
   ASSERT_TRUE(store_.GetPoint(point, KeeperFreePoints, KeeperFirst, 0));

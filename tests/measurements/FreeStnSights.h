@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "korvelfile/measurements/FreeStn.h"
-#include "korvelfile/measurements/FreeStnResult.h"
 #include "korvelfile/measurements/RecordDataItem.h"
 #include "korvelfile/measurements/StationDataItem.h"
 #include "korvelfile/outside/base/Angles.h"
@@ -21,36 +20,23 @@ struct TestSight {
   Vector3d point;  ///< E, N, H as given
   double direction = 0.0;
   double distance = 0.0;  ///< horizontal; 0.0 if none was measured
-  double heightDiff = 0.0;
   bool isGps = false;
   Vector3d errors;  ///< E, N, H
 };
-
-/// A station whose records hold horizontal distances and height differences.
-inline StationDataItem PlainStation() {
-  StationDataItem station;
-  station.SlopeDistance = 0;
-  station.VerticalIsHeightDiff = 1;
-  station.CurvatureOn = 0;
-  return station;
-}
 
 inline void Add(FreeStn& free, const TestSight& sight) {
   RecordDataItem record;
   record.SetName(sight.name);
   record.Distance = sight.distance;
   record.HorAngle = sight.direction;
-  record.Vertical = sight.heightDiff;
+  StationDataItem station;  // of horizontal distances
+  station.SlopeDistance = 0;
+  station.VerticalIsHeightDiff = 1;
+  station.CurvatureOn = 0;
   if (sight.isGps)
-    free.AddBacksightGPS(PlainStation(), record, sight.point, sight.errors, 0.0);
+    free.AddBacksightGPS(station, record, sight.point, sight.errors, 0.0);
   else
-    free.AddBacksight(PlainStation(), record, sight.point, 0.0);
-}
-
-inline FreeStn StationOf(const std::vector<TestSight>& sights) {
-  FreeStn free;
-  for (const TestSight& sight : sights) Add(free, sight);
-  return free;
+    free.AddBacksight(station, record, sight.point, 0.0);
 }
 
 constexpr Vector3d kTrueStation{1250.0, 3480.0, 52.0};  // E, N, H
@@ -60,7 +46,7 @@ constexpr double kTrueOrientation = 1.2;
 inline TestSight ExactSight(const std::string& name, const Vector3d& point) {
   const Vector3d d = point - kTrueStation;
   const double direction = std::atan2(d.x, d.y) - kTrueOrientation;
-  return {name,  point, direction < 0.0 ? direction + kTwoPi : direction, std::hypot(d.x, d.y), d.z,
+  return {name,  point, direction < 0.0 ? direction + kTwoPi : direction, std::hypot(d.x, d.y),
           false, {}};
 }
 
@@ -75,9 +61,14 @@ inline std::vector<TestSight> SixSights() {
     const double phase = static_cast<double>(i);
     sight.distance += 0.004 * std::sin(1.7 * phase + 0.3);
     sight.direction += 2.5e-5 * std::cos(2.9 * phase);
-    sight.heightDiff += 0.002 * std::sin(0.9 * phase - 1.0);
     sight.errors = {0.011, 0.007, 0.02};
     sights.push_back(sight);
   }
   return sights;
+}
+
+inline FreeStn SixSightStation() {
+  FreeStn free;
+  for (const TestSight& sight : SixSights()) Add(free, sight);
+  return free;
 }

@@ -1,10 +1,10 @@
 /// @file
-/// What is known of the break lines in tests/data/points from another source: the figures of
-/// m3_breaklines.expected.json.
+/// What files hold: their outline, and the figures of m3_breaklines.expected.json, from elsewhere.
 #pragma once
 
 #include <algorithm>
 #include <cfloat>
+#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -14,6 +14,19 @@
 #include "korvelfile/coordinates/LineDataItem.h"
 #include "korvelfile/coordinates/PointDataItem.h"
 #include "korvelfile/data/TypedItemCursor.h"
+
+/// "name", "line{name name}" and so on, in the order of the list.
+inline std::string Outline(const DataItemListObject& list) {
+  std::string outline;
+  for (const DataItemInterface& item : list) {
+    const auto* line = dynamic_cast<const LineDataItem*>(&item);
+    if (!line && !dynamic_cast<const PointDataItem*>(&item)) continue;
+    if (!outline.empty()) outline += ' ';
+    outline += item.GetName();
+    if (line) outline += '{' + Outline(*line) + '}';
+  }
+  return outline;
+}
 
 namespace RealPoints {
 
