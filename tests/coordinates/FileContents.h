@@ -1,5 +1,5 @@
 /// @file
-/// What files hold: their outline, and the figures of m3_breaklines.expected.json, from elsewhere.
+/// What files hold: their outline, and known figures (m3_breaklines.expected.json).
 #pragma once
 
 #include <algorithm>
