@@ -24,17 +24,6 @@ struct Box {
 
 }  // namespace
 
-TEST(PlotMap, RoundLengths) {
-  for (const auto& [limit, expected] : {std::pair{1.0, 1.0},
-                                        {1.99, 1.0},
-                                        {2.0, 2.0},
-                                        {4.9, 2.0},
-                                        {7.0, 5.0},
-                                        {0.034, 0.02},
-                                        {123456.0, 100000.0}})
-    EXPECT_NEAR(korvel::RoundLength(limit), expected, 1e-12 * expected) << limit;
-}
-
 TEST(PlotMap, EverythingLiesWithinTheFrameAndFillsIt) {
   const Vector far(40759376.5, 5527816.1);
   for (const double extent : {0.0, 0.004, 1.0, 117.0, 9.9e5, 3e7}) {
@@ -53,14 +42,6 @@ TEST(PlotMap, EverythingLiesWithinTheFrameAndFillsIt) {
       EXPECT_NEAR(map.ToGround(a).GetDistance(far), 0.0, 1e-7);
     }
   }
-}
-
-TEST(PlotMap, ScaleIsRoundAndTrue) {
-  const korvel::PlotMap map({{0.0, 0.0}, {100.0, 0.0}});
-  EXPECT_EQ(map.GetScaleText(), "1:600");
-  // 100 m at 1:600 are 166.667 mm, and a point is 1/72 inch.
-  EXPECT_NEAR(map.GetPointsPerMetre() * 100.0, 166.6667 / 25.4 * 72.0, 1e-3);
-  EXPECT_EQ(korvel::PlotMap({{0.0, 0.0}, {0.01, 0.0}}).GetScaleText(), "16.7:1");
 }
 
 TEST(PlotLabels, NamesCoverNeitherSignsNorEachOther) {
@@ -86,13 +67,6 @@ TEST(PlotLabels, NamesCoverNeitherSignsNorEachOther) {
     placed.push_back(box);
   }
   EXPECT_GT(placed.size(), 100U);
-}
-
-TEST(PlotLabels, ImportantNamesArePlacedWhereverThereIsThePage) {
-  korvel::PlotLabels labels({0.0, 0.0}, {100.0, 100.0});
-  labels.AddSign({50.0, 50.0}, 60.0);
-  EXPECT_FALSE(labels.Place({50.0, 50.0}, {20.0, 6.0}, 6.0, false));
-  EXPECT_TRUE(labels.Place({50.0, 50.0}, {20.0, 6.0}, 6.0, true));
 }
 
 TEST(Plot, FilesOfEachKind) {

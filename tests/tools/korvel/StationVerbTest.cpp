@@ -1,9 +1,7 @@
 // `korvel station` on the real jobs, and on jobs made from them.
 
-#include <algorithm>
 #include <cmath>
-#include <filesystem>
-#include <fstream>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -11,11 +9,6 @@
 #include <gtest/gtest.h>
 
 #include "korvelfile/coordinates/CoordinateFilesMap.h"
-#include "korvelfile/coordinates/LineDataItem.h"
-#include "korvelfile/coordinates/PointDataItem.h"
-#include "korvelfile/coordinates/PxyCoordinateFile.h"
-#include "korvelfile/data/GeoAttrib.h"
-#include "korvelfile/data/TypedItemCursor.h"
 #include "korvelfile/outside/base/Angles.h"
 #include "tests/support/Surroundings.h"
 #include "tests/tools/korvel/RunKorvel.h"
@@ -24,23 +17,9 @@ namespace {
 
 using Json = nlohmann::json;
 
-// The expected values were computed by another program from the same files; both agree to what
-// double precision leaves of coordinates of this size.
-constexpr double kMetre = 1e-7;
-constexpr double kRadian = 1e-10;
-
-Json ExpectedOf(const std::string& job) {
-  return Json::parse(ReadBytes(JobFolder(job) + "expected.json"));
-}
-
 Json FirstStation(const ProgramRun& run) {
   EXPECT_EQ(run.status, 0) << run.error;
   return run.Json()["stations"][0];
-}
-
-void ExpectNear(const Json& value, const Json& expected, double tolerance, const char* what) {
-  ASSERT_TRUE(value.is_number()) << what;
-  EXPECT_NEAR(value.get<double>(), expected.get<double>(), tolerance) << what;
 }
 
 // One row of object text.
@@ -92,23 +71,17 @@ class MadeJob {
                "FileHeader \"KVT Object Text v1.08\",\"Polar measurements\"\r\nbegin\r\nend\r\n"
                "InmStnList \r\nbegin\r\n" +
                    stations + "end\r\nInmPrecision ,,,,\r\nAttributeList \r\n");
-    std::string points;
-    for (const Place& p : kKnown) points += PointText(p.name, p.N, p.E);
-    WriteKnown("known.geo", points, "");
+    std::ostringstream points;
+    for (const Place& p : kKnown)
+      points << "Point \"" << p.name << "\"," << p.N << ',' << p.E << ",50,\"\",\"\",\"\"\r\n";
+    WriteKnown("known.geo", points.str());
   }
 
-  static std::string PointText(const std::string& name, double north, double east) {
-    std::ostringstream row;
-    row << "\tPoint \"" << name << "\"," << north << ',' << east << ",50,\"\",\"\",\"\"\r\n";
-    return row.str();
-  }
-
-  void WriteKnown(const char* name, const std::string& points, const std::string& lines) const {
+  void WriteKnown(const char* name, const std::string& points) const {
     WriteBytes(folder.Path(name),
                "FileHeader \"KVT Object Text v2.01\",\"Coordinate Document\"\r\nbegin\r\nend\r\n"
                "PointList \r\nbegin\r\n" +
-                   points + "end\r\nLineList \r\n" +
-                   (lines.empty() ? "" : "begin\r\n" + lines + "end\r\n") + "AttributeList \r\n");
+                   points + "end\r\nLineList \r\nAttributeList \r\n");
   }
 
   ProgramRun Run(const std::string& more) const {
@@ -122,95 +95,66 @@ class MadeJob {
 const std::string kFourSights =
     Sight(7, kKnown[0]) + Sight(7, kKnown[1], "2") + Sight(7, kKnown[2]) + Sight(7, kKnown[3]);
 
-std::vector<std::string> LeftOutNames(const Json& station) {
-  std::vector<std::string> names;
-  for (const Json& left : station["left_out"]) names.push_back(left["name"]);
-  return names;
-}
-
 }  // namespace
 
+// The expected values were computed by another program from the same files; both agree to what
+// double precision leaves of coordinates of this size.
 TEST(StationVerb, RealJobsGiveTheExpectedStations) {
+  constexpr double kMetre = 1e-7, kRadian = 1e-10;
+  const struct {
+    const char *given, *expected;
+    double tolerance;
+  } kCases[] = {{"/position/E", "E", kMetre},
+                {"/position/N", "N", kMetre},
+                {"/position/H", "H_mean", kMetre},
+                {"/orientation", "orientation_rad", kRadian},
+                {"/unit_weight_deviation", "std_dev", 1e-6},
+                {"/standard_errors/E", "sE", 3e-8},
+                {"/standard_errors/N", "sN", 2e-8},
+                {"/standard_errors/H", "sH_mean", 1e-9},
+                {"/standard_errors/orientation", "s_orientation_rad", 4e-11},
+                {"/ellipse/a", "ellipse_a", 3e-8},
+                {"/ellipse/b", "ellipse_b", 2e-8}};
   for (const char* job : {"niemeier_z108", "crane_8001"}) {
     SCOPED_TRACE(job);
-    const Json expected = ExpectedOf(job);
+    const Json expected = Json::parse(ReadBytes(JobFolder(job) + "expected.json"));
     const Json s = FirstStation(RunKorvel(StationOf(job) + "--json --angles rad"));
-    ExpectNear(s["position"]["E"], expected["E"], kMetre, "E");
-    ExpectNear(s["position"]["N"], expected["N"], kMetre, "N");
-    ExpectNear(s["orientation"], expected["orientation_rad"], kRadian, "orientation");
-    ExpectNear(s["unit_weight_deviation"], expected["std_dev"], 1e-6, "deviation");
-    ExpectNear(s["standard_errors"]["E"], expected["sE"], kMetre, "sE");
-    ExpectNear(s["standard_errors"]["N"], expected["sN"], kMetre, "sN");
-    ExpectNear(s["standard_errors"]["orientation"], expected["s_orientation_rad"], kRadian, "sO");
-    ExpectNear(s["ellipse"]["a"], expected["ellipse_a"], kMetre, "a");
-    ExpectNear(s["ellipse"]["b"], expected["ellipse_b"], kMetre, "b");
+    for (const auto& c : kCases) {
+      const Json& value = s[Json::json_pointer(c.given)];
+      ASSERT_EQ(value.is_number(), expected.contains(c.expected)) << c.given;
+      if (value.is_number()) {
+        EXPECT_NEAR(value, expected[c.expected], c.tolerance) << c.given;
+      }
+    }
     EXPECT_EQ(s["degrees_of_freedom"], expected["observations"].get<int>() - 3);
     ASSERT_EQ(s["backsights"].size(), expected["residuals"].size());
     for (std::size_t i = 0; i < s["backsights"].size(); ++i) {
       const Json& v = s["backsights"][i]["residuals"];
       const Json& e = expected["residuals"][i];
       EXPECT_EQ(s["backsights"][i]["name"], e["name"]);
-      ExpectNear(v["distance"], e["distance"], kMetre, "distance residual");
-      ExpectNear(v["direction"], e["direction_rad"], kRadian, "direction residual");
-      ExpectNear(v["plane"], e["plane"], kMetre, "plane residual");
+      EXPECT_NEAR(v["distance"], e["distance"], kMetre);
+      EXPECT_NEAR(v["direction"], e["direction_rad"], kRadian);
+      EXPECT_NEAR(v["plane"], e["plane"], kMetre);
     }
-  }
-}
-
-TEST(StationVerb, HeightsAndNewPointsOfARealJob) {
-  const Json expected = ExpectedOf("crane_8001");
-  const Json mean = FirstStation(RunKorvel(StationOf("crane_8001") + "--json"));
-  ExpectNear(mean["position"]["H"], expected["H_mean"], kMetre, "H");
-  ExpectNear(mean["standard_errors"]["H"], expected["sH_mean"], kMetre, "sH");
-  ASSERT_EQ(mean["points"].size(), expected["points"].size());
-  for (const Json& point : mean["points"]) {
-    const Json& e = expected["points"][point["name"].get<std::string>()];
-    for (const char* axis : {"E", "N", "H"}) ExpectNear(point[axis], e[axis], kMetre, axis);
-  }
-  const Json weighted =
-      FirstStation(RunKorvel(StationOf("crane_8001") + "--json --height weighted"));
-  ExpectNear(weighted["position"]["H"], expected["H_weighted"], kMetre, "weighted H");
-  ExpectNear(weighted["standard_errors"]["H"], expected["sH_weighted"], kMetre, "weighted sH");
-  const Json none = FirstStation(RunKorvel(StationOf("crane_8001") + "--json --height none"));
-  EXPECT_TRUE(none["position"]["H"].is_null());
-  EXPECT_TRUE(none["points"][0]["H"].is_null());
-}
-
-TEST(StationVerb, AnglesRuleEveryAngleInAndOut) {
-  const Json rad =
-      FirstStation(RunKorvel(StationOf("crane_8001") + "--json --angle-error 2e-5 --angles rad"));
-  for (const auto& [unit, perRadian, error] :
-       {std::tuple{"gon", 200 / kPi, "0.0012732395447351627"},
-        std::tuple{"deg", 180 / kPi, "0.0011459155902616464"}}) {
-    SCOPED_TRACE(unit);
-    const Json s = FirstStation(
-        RunKorvel(StationOf("crane_8001") + "--json --angles " + unit + " --angle-error " + error));
-    const auto ratio = [factor = perRadian](const Json& value, const Json& radians,
-                                            const char* what) {
-      EXPECT_NEAR(value.get<double>() / radians.get<double>(), factor, 1e-6) << what;
-    };
-    ratio(s["orientation"], rad["orientation"], "orientation");
-    ratio(s["standard_errors"]["orientation"], rad["standard_errors"]["orientation"], "error");
-    ratio(s["ellipse"]["bearing"], rad["ellipse"]["bearing"], "bearing");
-    ratio(s["backsights"][3]["direction"], rad["backsights"][3]["direction"], "direction");
-    ratio(s["backsights"][3]["residuals"]["direction"],
-          rad["backsights"][3]["residuals"]["direction"], "residual");
+    for (const Json& point : s["points"])
+      for (const char* axis : {"E", "N", "H"})
+        EXPECT_NEAR(point[axis], expected["points"][std::string(point["name"])][axis], kMetre);
+    if (!expected.contains("points")) continue;
+    EXPECT_EQ(s["points"].size(), expected["points"].size());
+    const Json weighted = FirstStation(RunKorvel(StationOf(job) + "--json --height weighted"));
+    EXPECT_NEAR(weighted["position"]["H"], expected["H_weighted"], kMetre);
+    EXPECT_NEAR(weighted["standard_errors"]["H"], expected["sH_weighted"], 1e-9);
   }
 }
 
 TEST(StationVerb, EverySettingReachesTheAdjustment) {
-  const Json plain = FirstStation(RunKorvel(StationOf("crane_8001") + "--json --height weighted"));
+  const std::string command = StationOf("crane_8001") + "--json --height weighted ";
+  const double plain = FirstStation(RunKorvel(command))["position"]["E"];
   for (const char* flag : {"--angle-error 0.01", "--distance-error 0.05", "--distance-ppm 300",
                            "--centring-error 0", "--sets 9"}) {
-    const Json s =
-        FirstStation(RunKorvel(StationOf("crane_8001") + "--json --height weighted " + flag));
-    EXPECT_GT(std::abs(s["position"]["E"].get<double>() - plain["position"]["E"].get<double>()),
-              1e-6)
-        << flag;
+    const double changed = FirstStation(RunKorvel(command + flag))["position"]["E"];
+    EXPECT_GT(std::abs(changed - plain), 1e-6) << flag;
   }
-  // Heights are weighted among each other: a common factor cancels in all but the settings shown.
-  const ProgramRun run = RunKorvel(StationOf("crane_8001") + "--json --vertical-error 0.002");
-  EXPECT_NEAR(run.Json()["settings"]["vertical_error"].get<double>(), 0.002, 1e-15);
 }
 
 TEST(StationVerb, ExitStatusAndWhatIsWrong) {
@@ -228,30 +172,19 @@ TEST(StationVerb, ExitStatusAndWhatIsWrong) {
     std::string error;
   } kCases[] = {
       {"nothing", "", 2, "required"},
-      {"unknown verb", "measure", 2, "required"},
-      {"help", "station --help", 0, ""},
       {"version", "--version", 0, ""},
       {"good", good, 0, ""},
       {"no known files", plm, 2, "--known"},
-      {"unknown flag", good + " --north", 2, "--north"},
       {"unknown unit", good + " --angles grad", 2, "grad"},
       {"decimal comma", good + " --centring-error 0,003", 2, "0,003"},
-      {"not finite", good + " --distance-error inf", 2, "inf"},
       {"no weight", good + " --angle-error 0", 2, "--angle-error"},
-      {"sets below 0", good + " --sets -1", 2, "--sets"},
       {"no job", "station no.plm --known " + path("known.geo"), 2, "no.plm: can't be opened"},
       {"cut job", "station " + path("cut.plm") + " --known " + path("known.geo"), 2,
        "cut.plm:18: "},
-      {"job of another kind", "station " + path("known.geo") + " --known " + path("known.geo"), 2,
-       "not a measurement file"},
       {"one bad of two known", good + ' ' + path("text.geo"), 2, "text.geo:1: "},
-      {"drawing", good + ' ' + path("plan.dxf"), 2, "plan.dxf: not a coordinate file"},
-      {"folder", good + ' ' + path("."), 2, "not a coordinate file"},
       {"unknown station", good + " --station X", 2, "no station X; it holds S"},
       {"points of unknown kind", good + " --points p.txt", 2, "p.txt: unknown extension"},
       {"points over a known file", good + " --points " + path("known.geo"), 2, "not overwritten"},
-      {"points nowhere", good + " --points " + path("no/p.geo"), 2, "p.geo: can't be written"},
-      {"plot of unknown kind", good + " --plot p.jpg", 2, "p.jpg: unknown extension"},
       {"plot nowhere", good + " --plot " + path("no/p.svg"), 2, "p.svg: can't be written"},
       {"no backsights", StationOf("fieldbook_2setups"), 1, "station 30: no record of type 7"},
   };
@@ -269,53 +202,32 @@ TEST(StationVerb, WhatIsLeftOutAndWhy) {
                                          Sight(7, kKnown[1], "0") + Record(7, "gone", 10, 1) +
                                          Record(7, "flat", 10, 1) + Record(8, "far", 0, 1) +
                                          Sight(8, {"new", 400, 500})));
-  job.WriteKnown("more.geo", "\tPoint \"flat\",,,5,\"\",\"\",\"\"\r\n", "");
+  job.WriteKnown("more.geo", "\tPoint \"flat\",,,5,\"\",\"\",\"\"\r\n");
   const Json s = FirstStation(job.Run(job.folder.Path("more.geo") + " --json"));
   EXPECT_EQ(s["backsights"].size(), 4U);
-  EXPECT_EQ(LeftOutNames(s), (std::vector<std::string>{"A", "B", "gone", "flat", "far"}));
-  const char* reasons[] = {"FSBU", "FSBU", "not among", "no plane coordinates", "no distance"};
-  for (std::size_t i = 0; i < 5; ++i)
-    EXPECT_NE(s["left_out"][i]["reason"].get<std::string>().find(reasons[i]), std::string::npos);
-  std::vector<std::string> points;
-  for (const Json& point : s["points"]) points.push_back(point["name"]);
-  EXPECT_EQ(points, (std::vector<std::string>{"gone", "flat", "new"}));
+  std::string leftOut;
+  for (const Json& left : s["left_out"])
+    leftOut += std::string(left["name"]) + ": " + std::string(left["reason"]) + '\n';
+  EXPECT_TRUE(std::regex_match(leftOut, std::regex("A: .*FSBU.*\nB: .*FSBU.*\ngone: .*not among.*\n"
+                                                   "flat: .*no plane coordinates.*\n"
+                                                   "far: .*no distance.*\n")))
+      << leftOut;
+  ASSERT_EQ(s["points"].size(), 3U);
+  EXPECT_EQ(s["points"][0]["name"], "gone");
+  EXPECT_EQ(s["points"][1]["name"], "flat");
   EXPECT_NEAR(s["points"][2]["E"].get<double>(), 400.0, 1e-9);
   EXPECT_NEAR(s["points"][2]["N"].get<double>(), 500.0, 1e-9);
 }
 
 TEST(StationVerb, OtherStationsAreDoneWhereOneFails) {
   const MadeJob job(StationText("few", Sight(7, kKnown[0])) + StationText("S", kFourSights));
-  const ProgramRun all = job.Run("--json --points " + job.folder.Path("p.geo"));
+  const ProgramRun all = job.Run("--json");
   EXPECT_EQ(all.status, 1);
   EXPECT_NE(all.error.find("station few: too few usable backsights"), std::string::npos);
   ASSERT_EQ(all.Json()["stations"].size(), 2U);
   EXPECT_EQ(all.Json()["stations"][0]["computed"], false);
   EXPECT_EQ(all.Json()["stations"][1]["computed"], true);
-  const ProgramRun one = job.Run("--json --station S");
-  EXPECT_EQ(one.status, 0);
-  ASSERT_EQ(one.Json()["stations"].size(), 1U);
-  EXPECT_EQ(one.Json()["stations"][0]["name"], "S");
-}
-
-TEST(StationVerb, BacksightsOnOneSpotAreAFailure) {
-  const MadeJob job(StationText("S", Record(7, "A", 50, 1) + Record(7, "A", 50, 1)));
-  const ProgramRun run = job.Run("");
-  EXPECT_EQ(run.status, 1);
-  EXPECT_NE(run.error.find("no approximate position"), std::string::npos) << run.error;
-}
-
-TEST(StationVerb, TellsOfASecondPosition) {
-  // A and B are 200 m apart: 300 m from A, two places see them 0.3 rad beside each other.
-  const MadeJob job(StationText("S", Record(7, "A", 300, 0.0) + Record(7, "B", 0, 0.3)));
-  const Json s = FirstStation(job.Run("--json"));
-  ASSERT_TRUE(s["second_position"].is_object());
-  EXPECT_TRUE(s["unit_weight_deviation"].is_null());
-  for (const Json& p : {s["position"], s["second_position"]}) {
-    const double toA = std::atan2(100 - p["E"].get<double>(), 200 - p["N"].get<double>());
-    const double toB = std::atan2(300 - p["E"].get<double>(), 210 - p["N"].get<double>());
-    EXPECT_NEAR(NormalizeAngle(toB - toA, kTwoPi, -kPi), 0.3, 1e-6);
-    EXPECT_NEAR(std::hypot(100 - p["E"].get<double>(), 200 - p["N"].get<double>()), 300, 1e-6);
-  }
+  EXPECT_EQ(FirstStation(job.Run("--json --station S"))["name"], "S");
 }
 
 TEST(StationVerb, LeaveOneOutShowsABlunder) {
@@ -331,44 +243,6 @@ TEST(StationVerb, LeaveOneOutShowsABlunder) {
   EXPECT_LT(withoutC["unit_weight_deviation"], 1e-6);
   EXPECT_NEAR(s["position"]["E"].get<double>() + withoutC["dE"].get<double>(), kStation.E, 1e-6);
   EXPECT_NEAR(s["position"]["N"].get<double>() + withoutC["dN"].get<double>(), kStation.N, 1e-6);
-}
-
-TEST(StationVerb, LeaveOneOutEqualsAJobWithoutTheSight) {
-  const ProgramRun run = RunKorvel(StationOf("crane_8001") + "--json --leave-one-out");
-  const Json all = FirstStation(run);
-  const TempFolder folder;
-  std::string text = ReadBytes(JobFolder("crane_8001") + "job.plm");
-  const std::size_t flag = text.find("\"FSBU\",\"7\"", text.find("InmRecord 7,\"4003\""));
-  text.replace(flag, 10, "\"FSBU\",\"0\"");
-  WriteBytes(folder.Path("job.plm"), text);
-  const Json rest = FirstStation(RunKorvel("station " + folder.Path("job.plm") + " --known " +
-                                           JobFolder("crane_8001") + "known.geo --json"));
-  const Json& row = all["leave_one_out"][2];
-  EXPECT_EQ(row["name"], "4003");
-  for (const auto& [change, axis] : {std::pair{"dE", "E"}, {"dN", "N"}, {"dH", "H"}})
-    EXPECT_NEAR(all["position"][axis].get<double>() + row[change].get<double>(),
-                rest["position"][axis].get<double>(), 1e-9)
-        << axis;
-  EXPECT_EQ(row["unit_weight_deviation"], rest["unit_weight_deviation"]);
-}
-
-TEST(StationVerb, NamesAreFoundByTheRulesOfTheIndex) {
-  const MadeJob job(StationText(
-      "S", Sight(7, kKnown[0]) + LineText("L", Sight(7, kKnown[1]) + Sight(7, {"9", 20, 30})) +
-               Sight(7, {"1,5", 60, 210})));
-  job.WriteKnown("more.geo", MadeJob::PointText("1,5", 210, 60) + MadeJob::PointText("B", 0, 0),
-                 "\tLine \"L\",0,\"\"\r\n\tbegin\r\n\t\tPointList \r\n\t\tbegin\r\n" +
-                     MadeJob::PointText("9", 30, 20) + "\t\tend\r\n\tend\r\n");
-  const ProgramRun run = job.Run(job.folder.Path("more.geo") + " --json");
-  const Json s = FirstStation(run);
-  std::vector<std::string> points;
-  for (const Json& b : s["backsights"]) points.push_back(b["point"]);
-  EXPECT_EQ(points, (std::vector<std::string>{"A", "B", "L.9", "1.5"}));
-  EXPECT_NEAR(s["position"]["E"].get<double>(), kStation.E, 1e-6);
-  ASSERT_EQ(run.Json()["warnings"].size(), 2U);
-  const auto warning = run.Json()["warnings"][1].get<std::string>();
-  EXPECT_NE(warning.find("more.geo: point B is known as B_x2"), std::string::npos) << warning;
-  EXPECT_NE(warning.find("366.197 m away"), std::string::npos) << warning;
 }
 
 TEST(StationVerb, PointsFileHoldsStationsPointsAndLines) {
@@ -388,25 +262,6 @@ TEST(StationVerb, PointsFileHoldsStationsPointsAndLines) {
     EXPECT_NEAR(point.GetENH().y, 6.0, 1e-3);
     EXPECT_NEAR(point.GetENH().z, 50.0, 1e-3);
   }
-  PxyCoordinateFile file(false);
-  file.ChooseFile(job.folder.Path("p.geo").c_str());
-  ASSERT_EQ(file.UseCollector(), 0);
-  const auto* line = FindFirst<LineDataItem>(file);
-  ASSERT_NE(line, nullptr);
-  EXPECT_EQ(line->LineType, 1);
-  EXPECT_EQ(line->CodeText(), "EDGE");
-  const GeoAttrib* error = GeoAttrib::GetAttribute(FindFirst<PointDataItem>(file), "sE");
-  ASSERT_NE(error, nullptr);
-  EXPECT_LT(error->GetDoubleValue(), 1e-6);
-}
-
-TEST(StationVerb, EachStationGetsAPlotOfItsOwn) {
-  const MadeJob job(StationText("S", kFourSights) + StationText("S", kFourSights) +
-                    StationText("a/b", kFourSights));
-  ASSERT_EQ(job.Run("--plot " + job.folder.Path("p.svg")).status, 0);
-  for (const char* name : {"p-S.svg", "p-S-2.svg", "p-a_b.svg"})
-    EXPECT_TRUE(std::filesystem::exists(job.folder.Path(name))) << name;
-  EXPECT_FALSE(std::filesystem::exists(job.folder.Path("p.svg")));
 }
 
 // Bytes that are no UTF-8, and control characters, reach neither JSON, report nor plot.
