@@ -2,6 +2,11 @@
 
 #include <cmath>
 
+#include "korvelfile/outside/base/PolarVector.h"
+
+Line::Line(const Vector& start, double direction, double length)
+    : Line(start, start + PolarVector(length, direction).GetVector()) {}
+
 double Line::GetShare(const Vector& point) const {
   const Vector along = GetVector();
   const double square = along.GetScalarProduct(along);
@@ -9,6 +14,14 @@ double Line::GetShare(const Vector& point) const {
 }
 
 Vector Line::GetFoot(const Vector& point) const { return start_ + GetVector() * GetShare(point); }
+
+Vector Line::OrthoOut(const Vector& point) const {
+  const double length = GetLength();
+  if (length == 0.0) return {};
+  const Vector along = GetVector() * (1.0 / length);
+  const Vector from = point - start_;
+  return {along.GetScalarProduct(from), from.GetCrossProduct(along)};
+}
 
 double Line::GetDistance(const Vector& point) const {
   const double share = GetShare(point);

@@ -14,6 +14,9 @@ class Line {
   /// From `start` to `end`.
   constexpr Line(const Vector& start, const Vector& end) : start_(start), end_(end) {}
 
+  /// From `start` in the mathematical angle `direction`, radians, over `length`.
+  KORVELBASE_EXPORT Line(const Vector& start, double direction, double length);
+
   constexpr const Vector& GetStart() const { return start_; }  ///< Where it begins.
   constexpr const Vector& GetEnd() const { return end_; }      ///< Where it ends.
 
@@ -29,6 +32,13 @@ class Line {
   /// Foot of the perpendicular from `point` on the straight line through start and end, which may
   /// lie beyond either; the start if the two coincide.
   KORVELBASE_EXPORT Vector GetFoot(const Vector& point) const;
+
+  /// Where `point` stands along and beside the straight line through start and end.
+  ///
+  /// @return (station, offset) in the unit of the coordinates: the station grows from 0 at the
+  ///   start to the length at the end, below and beyond them too; the offset is positive to the
+  ///   right. (0, 0) if start and end coincide
+  KORVELBASE_EXPORT Vector OrthoOut(const Vector& point) const;
 
   /// Shortest distance from `point` to the segment: to the foot of the perpendicular, or to the
   /// nearer end where the foot lies beyond.

@@ -62,4 +62,18 @@ TEST(Line, DistanceIsThatOfTheNearestPoint) {
   }
 }
 
+TEST(Line, OrthoOutTellsStationAndOffsetToTheRight) {
+  const Line north({1000, 2000}, 1.5707963267948966, 50.0);
+  EXPECT_NEAR(north.GetEnd().y, 2050.0, 1e-12);
+  const struct {
+    Vector point, expected;
+  } cases[] = {{{1003, 2010}, {10, 3}}, {{997, 2060}, {60, -3}}, {{1000, 1990}, {-10, 0}}};
+  for (const auto& c : cases) {
+    const Vector found = north.OrthoOut(c.point);
+    EXPECT_NEAR(found.x, c.expected.x, 1e-12);
+    EXPECT_NEAR(found.y, c.expected.y, 1e-12);
+  }
+  EXPECT_EQ(Line({1, 1}, {1, 1}).OrthoOut({5, 5}).x, 0.0);
+}
+
 }  // namespace
