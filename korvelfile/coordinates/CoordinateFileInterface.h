@@ -55,6 +55,10 @@ class KORVELFILE_EXPORT CoordinateFileInterface : public DataCollectionInterface
  protected:
   virtual void CalculateMinMax();
 
+  /// Lets the extent be worked out anew when it is next asked for. A reading does that first, as
+  /// the extent may have been asked for before.
+  void ForgetExtent() { isExtentValid_ = false; }
+
  private:
   static constexpr double kFarOut = 9.9e+100;
 

@@ -106,6 +106,7 @@ int PxyCoordinateFile::CreateCollectorFile() {
 }
 
 int PxyCoordinateFile::ReadCollectorFile() {
+  ForgetExtent();
   std::string extension;
   if (!ExtensionOf(path_, extension)) return kWrongForm;
   ClearListObject();

@@ -80,6 +80,7 @@ int MeasurementFile::CreateCollectorFile() {
 }
 
 int MeasurementFile::ReadCollectorFile() {
+  ForgetExtent();
   try {
     return ReadPlmFile();
   } catch (const std::bad_alloc&) {

@@ -86,6 +86,9 @@ TEST_F(CoordinateFileInterfaceTest, ExtentIsThatOfTheLastReading) {
   EXPECT_EQ(file_.GetMinX(), 0) << "worked out anew after a reading";
   file_.UnUseCollector();
   EXPECT_EQ(file_.GetMaxX(), -9.9e+100) << "nothing is loaded";
+  file_.UseCollector();
+  EXPECT_EQ(file_.GetMaxX(), 1) << "asked for before the reading";
+  file_.UnUseCollector();
 }
 
 TEST_F(CoordinateFileInterfaceTest, ThreadsInsertRemoveAndSave) {
