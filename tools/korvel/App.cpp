@@ -14,7 +14,6 @@
 #include "tools/korvel/Adjustment.h"
 #include "tools/korvel/InfoVerb.h"
 #include "tools/korvel/InputError.h"
-#include "tools/korvel/StationOptions.h"
 #include "tools/korvel/StationVerb.h"
 
 namespace {
@@ -36,7 +35,7 @@ int Finish(int status) {
   return korvel::kBadInput;
 }
 
-int Guarded(const auto& run) {
+int Guarded(const korvel::VerbRun& run) {
   try {
     return Finish(run());
   } catch (const korvel::InputError& error) {
@@ -59,15 +58,13 @@ int korvel::RunApp(int argc, char** argv) {
   app.get_formatter()->label("SUBCOMMAND", "VERB");
   app.get_formatter()->column_width(32);
   app.require_subcommand(1);
-  StationOptions station;
-  InfoOptions info;
-  AddStationVerb(app, station);
-  AddInfoVerb(app, info);
+  VerbRun run;
+  AddStationVerb(app, run);
+  AddInfoVerb(app, run);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? kDone : kBadInput;
   }
-  return Guarded(
-      [&] { return app.got_subcommand("info") ? RunInfoVerb(info) : RunStationVerb(station); });
+  return Guarded(run);
 }

@@ -1,5 +1,6 @@
 #include "tools/korvel/FileFault.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -8,6 +9,7 @@
 
 #include "korvelfile/data/DataCollectionInterface.h"
 #include "korvelfile/outside/base/Text.h"
+#include "tools/korvel/InputError.h"
 #include "tools/korvel/LibraryMessages.h"
 
 namespace fs = std::filesystem;
@@ -30,6 +32,15 @@ std::string ExtensionOf(const std::string& path) {
   std::string extension = fs::path(path).extension().string();
   for (char& c : extension) c = LowerCase(c);
   return extension;
+}
+
+void RequireExtension(const std::string& path, const std::vector<std::string>& extensions) {
+  if (path.empty()) return;
+  const std::string extension = ExtensionOf(path);
+  if (std::find(extensions.begin(), extensions.end(), extension) != extensions.end()) return;
+  std::string wanted;
+  for (const std::string& e : extensions) wanted += ' ' + e;
+  throw InputError(path + ": unknown extension; there are" + wanted);
 }
 
 bool IsSameFile(const std::string& a, const std::string& b) {

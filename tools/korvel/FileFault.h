@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 class DataCollectionInterface;
 
@@ -12,6 +13,10 @@ class LibraryMessages;
 
 /// The extension of a path in lower case, with its dot; "" if it has none.
 std::string ExtensionOf(const std::string& path);
+
+/// Takes an empty path or one with an extension of `extensions`, which are in lower case.
+/// @throws InputError that tells which there are
+void RequireExtension(const std::string& path, const std::vector<std::string>& extensions);
 
 /// True if both name the same existing file, or the same place for a new one.
 bool IsSameFile(const std::string& a, const std::string& b);

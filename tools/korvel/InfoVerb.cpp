@@ -1,11 +1,11 @@
 #include "tools/korvel/InfoVerb.h"
 
-#include <iostream>
+#include <string>
+#include <vector>
 
 #include <CLI/CLI.hpp>
 
 #include "tools/korvel/FileSummary.h"
-#include "tools/korvel/InputError.h"
 #include "tools/korvel/LibraryMessages.h"
 #include "tools/korvel/SummaryText.h"
 
@@ -22,30 +22,26 @@ constexpr const char* kExamples =
     "  korvel info job.plm known.geo\n"
     "  korvel info --json known.geo\n";
 
+struct InfoOptions {
+  std::vector<std::string> files;
+  bool json = false;
+  bool verbose = false;
+};
+
+int RunInfoVerb(const InfoOptions& options) {
+  korvel::LibraryMessages messages(options.verbose);
+  return korvel::PrintSummaries(options.files, options.json, [&](const std::string& path) {
+    return korvel::SummarizeFile(path, messages);
+  });
+}
+
 }  // namespace
 
-void korvel::AddInfoVerb(CLI::App& app, InfoOptions& options) {
+void korvel::AddInfoVerb(CLI::App& app, VerbRun& run) {
   CLI::App& verb = *app.add_subcommand("info", "tell what files hold");
   verb.footer(kExamples);
+  InfoOptions& options = OptionsOf(verb, run, RunInfoVerb);
   verb.add_option("FILE", options.files, "files to look into")->required()->type_name("");
   verb.add_flag("--json", options.json, "print an array with one JSON object for each file");
   verb.add_flag("-v,--verbose", options.verbose, "show the messages of the library");
-}
-
-int korvel::RunInfoVerb(const InfoOptions& options) {
-  LibraryMessages messages(options.verbose);
-  Json summaries = Json::array();
-  int status = kDone;
-  for (const std::string& path : options.files) {
-    try {
-      summaries.push_back(SummarizeFile(path, messages));
-      if (!options.json) PrintSummary(summaries.back(), std::cout);
-    } catch (const InputError& error) {
-      status = kBadInput;
-      PrintError(error.what());
-      summaries.push_back({{"file", JsonText(path)}, {"error", JsonText(error.what())}});
-    }
-  }
-  if (options.json) PrintJson(summaries, std::cout);
-  return status;
 }

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <string>
-#include <vector>
+#include "tools/korvel/VerbRun.h"
 
 namespace CLI {
 class App;
@@ -9,18 +8,8 @@ class App;
 
 namespace korvel {
 
-/// What the command line of `korvel info` asks for.
-struct InfoOptions {
-  std::vector<std::string> files;
-  bool json = false;
-  bool verbose = false;
-};
-
-/// Describes `korvel info` to the command line: its arguments fill `options`.
-void AddInfoVerb(CLI::App& app, InfoOptions& options);
-
-/// Prints what each file holds.
-/// @return an `ExitStatus`: `kBadInput` if any of them can't be read
-int RunInfoVerb(const InfoOptions& options);
+/// Describes `korvel info`, which tells what each file holds, to the command line, which sets `run`
+/// where it asks for it.
+void AddInfoVerb(CLI::App& app, VerbRun& run);
 
 }  // namespace korvel

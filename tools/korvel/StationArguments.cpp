@@ -1,18 +1,20 @@
 // The command line of `korvel station`.
 
-#include <charconv>
-#include <cmath>
 #include <memory>
 #include <optional>
 
 #include <CLI/CLI.hpp>
 
+#include "tools/korvel/AngleOption.h"
+#include "tools/korvel/NumberArgument.h"
 #include "tools/korvel/StationOptions.h"
 #include "tools/korvel/StationVerb.h"
 
 namespace {
 
 using korvel::AdjustmentSettings;
+using korvel::NotNegative;
+using korvel::Positive;
 using korvel::StationOptions;
 
 constexpr const char* kSettingsGroup = "Adjustment: standard errors of the observations, height";
@@ -35,25 +37,6 @@ constexpr const char* kExamples =
     "  korvel station job.plm --known known.geo --angles deg --angle-error 0.0003 --sets 2\n"
     "  korvel station job.plm --known known.geo --leave-one-out --json\n";
 
-// Takes only plain numbers with a decimal point, in any locale.
-std::string NumberFault(const std::string& text, bool mayBeZero) {
-  double value = 0.0;
-  const char* end = text.data() + text.size();
-  const auto [rest, error] = std::from_chars(text.data(), end, value);
-  if (error != std::errc() || rest != end || !std::isfinite(value)) return text + " is no number";
-  if (value < 0.0 || (value == 0.0 && !mayBeZero))
-    return text + (mayBeZero ? " is negative" : " is not above 0");
-  return {};
-}
-
-CLI::Validator Positive() {
-  return CLI::Validator([](std::string& text) { return NumberFault(text, false); }, "");
-}
-
-CLI::Validator NotNegative() {
-  return CLI::Validator([](std::string& text) { return NumberFault(text, true); }, "");
-}
-
 void AddFiles(CLI::App& verb, StationOptions& options) {
   verb.add_option("JOB", options.job, "measurement file, .plm")->required();
   verb.add_option("-k,--known", options.known, "coordinate files with known points, .geo .pxy .llc")
@@ -75,13 +58,7 @@ void AddOutput(CLI::App& verb, StationOptions& options) {
   verb.add_flag("--leave-one-out", options.leaveOneOut,
                 "adjust again without each backsight in turn");
   verb.add_flag("-v,--verbose", options.verbose, "show the messages of the library");
-  verb.add_option_function<std::string>(
-          "--angles",
-          [&options](const std::string& name) { options.angles = korvel::FindAngleUnit(name); },
-          "unit of all angles, in and out")
-      ->check(CLI::IsMember(korvel::AngleUnitNames()).description(""))
-      ->type_name("gon|deg|rad")
-      ->default_str("gon");
+  korvel::AddAnglesOption(verb, options.angles, "unit of all angles, in and out");
 }
 
 // Angles wait for their unit, which may come behind them on the command line.
@@ -115,7 +92,7 @@ void AddLengthSettings(CLI::App& verb, AdjustmentSettings& s) {
       ->capture_default_str();
 }
 
-void AddAngleSettings(CLI::App& verb, StationOptions& options) {
+std::shared_ptr<const GivenAngles> AddAngleSettings(CLI::App& verb) {
   const auto given = std::make_shared<GivenAngles>();
   AddSetting(verb, "--angle-error", given->angleError, "of a direction, in the unit of --angles",
              Positive())
@@ -125,7 +102,7 @@ void AddAngleSettings(CLI::App& verb, StationOptions& options) {
              "of a vertical angle, for --height weighted", Positive())
       ->type_name("ANGLE")
       ->default_str("0.0008 gon");
-  verb.callback([&options, given] { given->PutInto(options); });
+  return given;
 }
 
 void AddMethods(CLI::App& verb, AdjustmentSettings& s) {
@@ -144,13 +121,18 @@ void AddMethods(CLI::App& verb, AdjustmentSettings& s) {
 
 }  // namespace
 
-void korvel::AddStationVerb(CLI::App& app, StationOptions& options) {
+void korvel::AddStationVerb(CLI::App& app, VerbRun& run) {
   CLI::App& verb = *app.add_subcommand(
       "station", "adjust the free stations of a measurement file and compute their new points");
   verb.footer(kExamples);
-  AddFiles(verb, options);
-  AddOutput(verb, options);
-  AddAngleSettings(verb, options);
-  AddLengthSettings(verb, options.settings);
-  AddMethods(verb, options.settings);
+  const auto options = std::make_shared<StationOptions>();
+  AddFiles(verb, *options);
+  AddOutput(verb, *options);
+  const auto given = AddAngleSettings(verb);
+  AddLengthSettings(verb, options->settings);
+  AddMethods(verb, options->settings);
+  verb.callback([options, given, &run] {
+    given->PutInto(*options);
+    run = [options] { return RunStationVerb(*options); };
+  });
 }

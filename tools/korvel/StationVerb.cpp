@@ -33,12 +33,7 @@ using korvel::StationRun;
 void CheckOutput(const std::string& path, const std::vector<std::string>& extensions,
                  const StationOptions& options) {
   if (path.empty()) return;
-  const std::string extension = korvel::ExtensionOf(path);
-  if (std::find(extensions.begin(), extensions.end(), extension) == extensions.end()) {
-    std::string wanted;
-    for (const std::string& e : extensions) wanted += ' ' + e;
-    throw InputError(path + ": unknown extension; there are" + wanted);
-  }
+  korvel::RequireExtension(path, extensions);
   for (const std::string& known : options.known)
     if (korvel::IsSameFile(path, known))
       throw InputError(path + ": is one of the known files, which are not overwritten");

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tools/korvel/VerbRun.h"
+
 namespace CLI {
 class App;
 }
@@ -8,8 +10,8 @@ namespace korvel {
 
 struct StationOptions;
 
-/// Describes `korvel station` to the command line: its arguments fill `options`.
-void AddStationVerb(CLI::App& app, StationOptions& options);
+/// Describes `korvel station` to the command line, which sets `run` where it asks for it.
+void AddStationVerb(CLI::App& app, VerbRun& run);
 
 /// Does what `options` ask for and prints the report.
 /// @return an `ExitStatus`

@@ -1,11 +1,10 @@
 #include "tools/korvel/SummaryText.h"
 
 #include <algorithm>
-#include <ostream>
-#include <string>
-#include <vector>
+#include <iostream>
 
-#include "tools/korvel/NumberFormat.h"
+#include "korvelfile/outside/base/NumberText.h"
+#include "tools/korvel/InputError.h"
 #include "tools/korvel/Printable.h"
 #include "tools/korvel/TextTable.h"
 
@@ -15,6 +14,7 @@ using korvel::Json;
 using korvel::TextTable;
 
 constexpr std::size_t kMembersShown = 25;
+constexpr int kDigits = 12;  // of coordinates, enough for 0.01 mm
 constexpr const char* kIndent = "  ";
 
 // "points in lines" of "points_in_lines".
@@ -25,15 +25,14 @@ std::string Title(std::string key) {
 
 bool IsRange(const Json& value) { return value.is_object() && value.contains("missing"); }
 
+std::string ValueText(const Json& value);
+
 std::string RangeText(const Json& range) {
   const auto missing = range["missing"].get<std::size_t>();
   if (range["min"].is_null()) return "none";
-  return korvel::MetreText(range["min"].get<double>()) + " to " +
-         korvel::MetreText(range["max"].get<double>()) +
+  return ValueText(range["min"]) + " to " + ValueText(range["max"]) +
          (missing > 0 ? ", " + std::to_string(missing) + " missing" : "");
 }
-
-std::string ValueText(const Json& value);
 
 // "ROAD 12, EDGE 7": the members, the most frequent first where they are counts.
 std::string ObjectText(const Json& object) {
@@ -59,7 +58,7 @@ std::string ArrayText(const Json& array) {
 std::string ValueText(const Json& value) {
   if (value.is_null()) return "-";
   if (value.is_string()) return value.get<std::string>();
-  if (value.is_number_float()) return korvel::MetreText(value.get<double>());
+  if (value.is_number_float()) return GeneralText(value.get<double>(), kDigits);
   if (IsRange(value)) return RangeText(value);
   if (value.is_object()) return ObjectText(value);
   return value.is_array() ? ArrayText(value) : value.dump();
@@ -106,4 +105,22 @@ void korvel::PrintSummary(const Json& summary, std::ostream& out) {
   for (const auto& [key, value] : summary.items())
     if (IsTable(value)) PrintTable(value, out << '\n');
   out << '\n';
+}
+
+int korvel::PrintSummaries(const std::vector<std::string>& files, bool isJson,
+                           const std::function<Json(const std::string& path)>& summarize) {
+  Json summaries = Json::array();
+  int status = kDone;
+  for (const std::string& path : files) {
+    try {
+      summaries.push_back(summarize(path));
+      if (!isJson) PrintSummary(summaries.back(), std::cout);
+    } catch (const InputError& error) {
+      status = kBadInput;
+      PrintError(error.what());
+      summaries.push_back({{"file", JsonText(path)}, {"error", JsonText(error.what())}});
+    }
+  }
+  if (isJson) PrintJson(summaries, std::cout);
+  return status;
 }
