@@ -1,0 +1,3 @@
+#include "korvelfile/corrections/CoordinateCorrectionModelInterface.h"
+
+CoordinateCorrectionModelInterface::~CoordinateCorrectionModelInterface() = default;
