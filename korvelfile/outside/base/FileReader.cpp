@@ -8,6 +8,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "korvelfile/outside/base/Text.h"
+
 namespace {
 
 constexpr std::size_t kBufferSize = std::size_t{256} << 10U;
@@ -53,6 +55,25 @@ bool FileReader::ReadLine(std::string_view& line) {
     break;
   }
   if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+  return true;
+}
+
+bool FileReader::SkipWhiteSpace() {
+  do {
+    while (begin_ < end_ && IsWhiteSpace(buffer_[begin_])) ++begin_;
+  } while (begin_ == end_ && Fill());
+  return begin_ < end_;
+}
+
+bool FileReader::ReadWord(std::string_view& word) {
+  if (!SkipWhiteSpace()) return false;
+  std::size_t length = 0;
+  do {
+    while (begin_ + length < end_ && !IsWhiteSpace(buffer_[begin_ + length])) ++length;
+  } while (begin_ + length == end_ && Fill());
+  if (hasFailed_) return false;
+  word = {buffer_.data() + begin_, length};
+  begin_ += length;
   return true;
 }
 

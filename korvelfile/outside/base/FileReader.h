@@ -31,6 +31,12 @@ class KORVELBASE_EXPORT FileReader {
   /// @return false at the end of the file
   bool ReadLine(std::string_view& line);
 
+  /// Gives the next run of characters between white space, across lines.
+  ///
+  /// The text stays valid until the next call.
+  /// @return false at the end of the file
+  bool ReadWord(std::string_view& word);
+
   /// Reads up to `size` bytes.
   /// @return how many there were; fewer than `size` only at the end of the file
   std::size_t Read(void* bytes, std::size_t size);
@@ -45,6 +51,7 @@ class KORVELBASE_EXPORT FileReader {
 
  private:
   bool Fill();
+  bool SkipWhiteSpace();
   void MakeRoom();
 
   int descriptor_ = -1;

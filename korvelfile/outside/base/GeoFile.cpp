@@ -8,6 +8,7 @@
 
 #include "korvelfile/outside/base/FileReader.h"
 #include "korvelfile/outside/base/FileReplacement.h"
+#include "korvelfile/outside/base/NumberText.h"
 #include "korvelfile/outside/base/Text.h"
 
 namespace fs = std::filesystem;
@@ -58,6 +59,15 @@ int _FileIO::ReadALine(GeoFile& file, char* buffer, int limit) {
   if (limit <= 0 || !file.ReadLine(line)) return kFailure;
   const std::size_t length = line.copy(buffer, static_cast<std::size_t>(limit) - 1);
   buffer[length] = '\0';
+  return kSuccess;
+}
+
+int _FileIO::ReadADouble(GeoFile& file, double& value) {
+  std::string_view word;
+  if (!file.reader_ || !file.reader_->ReadWord(word)) return kFailure;
+  const double number = TakeDouble(word);
+  if (!word.empty()) return kFailure;
+  value = number;
   return kSuccess;
 }
 

@@ -50,6 +50,10 @@ class KORVELBASE_EXPORT _FileIO {
   /// @return 0, or -1 at the end of the file
   static int ReadALine(GeoFile& file, char* buffer, int limit);
 
+  /// Reads the next number of a text, between white space.
+  /// @return 0; -1 at the end of the file, or where something else than a number stands
+  static int ReadADouble(GeoFile& file, double& value);
+
   /// Reads exactly `size` bytes.
   /// @return 0; -2 if the file ends before; -1 if it can't be read
   static int ReadFile(GeoFile& file, void* buffer, std::size_t size);

@@ -1,0 +1,87 @@
+#include "korvelfile/corrections/internal/PackedBlock.h"
+
+#include <bit>
+
+namespace {
+
+constexpr std::uint32_t kSign = 0x80000000U;
+constexpr std::uint32_t kWordBits = 64;
+
+// Floats as whole numbers in the same order: neighbouring floats have neighbouring numbers.
+std::uint32_t Ordered(float value) {
+  const auto bits = std::bit_cast<std::uint32_t>(value);
+  return (bits & kSign) != 0 ? ~bits : bits | kSign;
+}
+
+float FloatOf(std::uint32_t ordered) {
+  return std::bit_cast<float>((ordered & kSign) != 0 ? ordered ^ kSign : ~ordered);
+}
+
+// Small distances of either sign become small numbers: 0, -1, 1, -2 as 0, 1, 2, 3.
+std::uint32_t Folded(std::uint32_t distance) {
+  return (distance << 1U) ^ ((distance & kSign) != 0 ? ~0U : 0U);
+}
+
+std::uint32_t Unfolded(std::uint32_t folded) { return (folded >> 1U) ^ (0U - (folded & 1U)); }
+
+}  // namespace
+
+PackedBlock::PackedBlock(const float* nodes, int values) {
+  tiles_.reserve(static_cast<std::size_t>(kTiles * values));
+  for (int value = 0; value < values; ++value) {
+    for (int tile = 0; tile < kTiles; ++tile) {
+      Values own;
+      for (int i = 0; i < kTile * kTile; ++i) {
+        const int node = i / kTile * kColumns + tile * kTile + i % kTile;
+        own[static_cast<std::size_t>(i)] = nodes[node * values + value];
+      }
+      Pack(own);
+    }
+  }
+  words_.resize(end_ / kWordBits + 2);  // a distance is read from two words
+  words_.shrink_to_fit();
+}
+
+void PackedBlock::Pack(const Values& values) {
+  Tile tile{CubicSurface(values), end_, 0};
+  std::array<std::uint32_t, kTile * kTile> distances;
+  std::uint32_t all = 0;
+  for (int i = 0; i < kTile * kTile; ++i) {
+    const auto k = static_cast<std::size_t>(i);
+    const float expected = tile.surface.At(i / kTile, i % kTile);
+    distances[k] = Folded(Ordered(values[k]) - Ordered(expected));
+    all |= distances[k];
+  }
+  tile.bits = static_cast<std::uint32_t>(std::bit_width(all));
+  for (const std::uint32_t distance : distances) Append(distance, tile.bits);
+  tiles_.push_back(tile);
+}
+
+void PackedBlock::Append(std::uint32_t distance, std::uint32_t bits) {
+  const std::size_t word = end_ / kWordBits;
+  const std::uint32_t shift = end_ % kWordBits;
+  if (words_.size() < word + 2) words_.resize(word + 2);
+  words_[word] |= std::uint64_t{distance} << shift;
+  if (shift > kWordBits / 2) words_[word + 1] |= std::uint64_t{distance} >> (kWordBits - shift);
+  end_ += bits;
+}
+
+std::uint32_t PackedBlock::Distance(const Tile& tile, int index) const {
+  const std::uint32_t bit = tile.firstBit + tile.bits * static_cast<std::uint32_t>(index);
+  const std::uint32_t shift = bit % kWordBits;
+  const std::uint64_t* word = &words_[bit / kWordBits];
+  const std::uint64_t high = shift > kWordBits / 2 ? word[1] << (kWordBits - shift) : 0;
+  const std::uint64_t mask = (std::uint64_t{1} << tile.bits) - 1;
+  return static_cast<std::uint32_t>(((word[0] >> shift) | high) & mask);
+}
+
+float PackedBlock::Get(int row, int column, int value) const {
+  const Tile& tile = tiles_[static_cast<std::size_t>(value * kTiles + column / kTile)];
+  const float expected = tile.surface.At(row, column % kTile);
+  const std::uint32_t distance = Distance(tile, row * kTile + column % kTile);
+  return FloatOf(Ordered(expected) + Unfolded(distance));
+}
+
+std::size_t PackedBlock::GetSize() const {
+  return tiles_.capacity() * sizeof(Tile) + words_.capacity() * sizeof(words_[0]);
+}

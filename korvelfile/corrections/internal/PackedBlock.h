@@ -1,0 +1,53 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "korvelfile/corrections/internal/CubicSurface.h"
+
+/// Rectangle of grid values, packed without loss.
+///
+/// The values of a grid follow a smooth surface. For each tile of 16 x 16 nodes a cubic surface is
+/// laid through them, and each value is kept as its distance from that, counted in steps of a float
+/// and in as many bits as the farthest of the tile needs: some 5 to 15 instead of 32 in a smooth
+/// grid. Any one value is found without looking at the others.
+class PackedBlock {
+ public:
+  static constexpr int kRows = 16;     ///< of nodes
+  static constexpr int kColumns = 64;  ///< of nodes
+  static constexpr int kNodes = kRows * kColumns;
+
+  /// A block without content.
+  PackedBlock() = default;
+
+  /// Packs `kNodes` nodes, row after row, of 1 to 3 `values` each, one behind the other.
+  PackedBlock(const float* nodes, int values);
+
+  /// Value number `value` of the node in `row` and `column`, bit for bit as it was packed.
+  float Get(int row, int column, int value) const;
+
+  /// Memory that the content takes, bytes.
+  std::size_t GetSize() const;
+
+ private:
+  static constexpr int kTile = 16;  ///< nodes along a side
+  static constexpr int kTiles = kColumns / kTile;
+
+  using Values = std::array<float, kTile * kTile>;
+
+  struct Tile {
+    CubicSurface surface;
+    std::uint32_t firstBit = 0;
+    std::uint32_t bits = 0;  ///< of each distance, 0 to 32
+  };
+
+  void Pack(const Values& values);
+  void Append(std::uint32_t distance, std::uint32_t bits);
+  std::uint32_t Distance(const Tile& tile, int index) const;
+
+  std::vector<Tile> tiles_;  ///< `kTiles` for each value of a node
+  std::vector<std::uint64_t> words_;
+  std::uint32_t end_ = 0;  ///< bits in use
+};
