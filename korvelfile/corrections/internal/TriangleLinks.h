@@ -82,7 +82,7 @@ class TriangleLinks {
 
   // False if the triangles are no network in the plane.
   bool MatchEdges() {
-    Lists<Edge> lists = MakeLists<Edge>([this](auto use) { ForEachEdge(use); });
+    Lists<Edge> lists = MakeLists<Edge>([this](auto use) { this->ForEachEdge(use); });
     for (std::size_t p = 0; p < pointCount_; ++p) {
       Edge* const begin = lists.entries.data() + lists.starts[p];
       Edge* const end = lists.entries.data() + lists.starts[p + 1];
