@@ -29,15 +29,7 @@ bool ReadStart(const std::string& path, HeaderBytes& bytes) {
 CcgFile::CcgFile() : reader_(std::make_unique<StencilReader>()) {}
 CcgFile::~CcgFile() = default;
 
-CcgFile::CcgFile(const CcgFile& other)
-    : CoordinateCorrectionModelInterface(other),
-      info_(other.info_),
-      tolerance_(other.tolerance_),
-      cachedRow_(other.cachedRow_),
-      cachedColumn_(other.cachedColumn_),
-      needsFourNodes_(other.needsFourNodes_),
-      stencil_(other.stencil_),
-      reader_(std::make_unique<StencilReader>()) {}
+CcgFile::CcgFile(const CcgFile& other) : CcgFile() { *this = other; }
 
 CcgFile& CcgFile::operator=(const CcgFile& other) {
   if (this == &other) return *this;

@@ -106,7 +106,7 @@ class KORVELFILE_EXPORT CcgFileInfo {
 
   // In line: a correction asks for these several times.
   TypeTraits Type() const {
-    constexpr TypeTraits kTypes[] = {
+    static constexpr TypeTraits kTypes[] = {
         {0, false, false, false},  // unknown
         {1, false, true, false},   // CorrectionZ
         {2, true, false, false},   // CorrectionXY
