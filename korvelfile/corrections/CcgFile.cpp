@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "korvelfile/corrections/internal/CcgHeader.h"
-#include "korvelfile/corrections/internal/StencilReader.h"
+#include "korvelfile/corrections/internal/GridReader.h"
 #include "korvelfile/outside/base/GeoFile.h"
 #include "korvelfile/outside/base/Text.h"
 
@@ -26,7 +26,7 @@ bool ReadStart(const std::string& path, HeaderBytes& bytes) {
 
 }  // namespace
 
-CcgFile::CcgFile() : reader_(std::make_unique<StencilReader>()) {}
+CcgFile::CcgFile() : reader_(std::make_unique<GridReader>()) {}
 CcgFile::~CcgFile() = default;
 
 CcgFile::CcgFile(const CcgFile& other) : CcgFile() { *this = other; }
@@ -39,7 +39,7 @@ CcgFile& CcgFile::operator=(const CcgFile& other) {
   cachedColumn_ = other.cachedColumn_;
   needsFourNodes_ = other.needsFourNodes_;
   stencil_ = other.stencil_;
-  reader_ = std::make_unique<StencilReader>();
+  reader_->Forget();
   return *this;
 }
 
@@ -66,5 +66,5 @@ bool CcgFile::ReadHeader(const std::string& name) {
 // What the reader remembers of the file may be out of date too.
 void CcgFile::DropCache() {
   cachedRow_ = cachedColumn_ = -1;
-  reader_ = std::make_unique<StencilReader>();
+  reader_->Forget();
 }

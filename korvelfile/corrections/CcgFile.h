@@ -12,7 +12,7 @@
 #include "korvelfile/corrections/GeoStatus.h"
 #include "korvelfile/outside/base/Vector3d.h"
 
-class StencilReader;
+class GridReader;
 
 /// A correction grid in a file: a raster of corrections that it answers from anywhere within, and
 /// that it can create, update and widen.
@@ -114,7 +114,7 @@ class KORVELFILE_EXPORT CcgFile : public CoordinateCorrectionModelInterface {
   bool GetInterpolationNodes(double north, double east) const;
   bool CheckLimits(double& north, double& east) const;
   bool ReadNodes(int row, int column) const;
-  bool ReadNode(const unsigned char* bytes, Node& node) const;
+  bool ReadNode(const float* floats, Node& node) const;
   double GetTolerance() const;
   Fractions GetFractions(double north, double east) const;
 
@@ -127,5 +127,5 @@ class KORVELFILE_EXPORT CcgFile : public CoordinateCorrectionModelInterface {
   mutable int cachedColumn_ = -1;
   mutable bool needsFourNodes_ = false;
   mutable std::array<std::array<Node, 4>, 4> stencil_{};
-  mutable std::unique_ptr<StencilReader> reader_;
+  mutable std::unique_ptr<GridReader> reader_;
 };

@@ -8,14 +8,12 @@
 
 #include "korvelfile/corrections/CcgFile.h"
 #include "korvelfile/corrections/internal/CcgRaster.h"
-#include "korvelfile/corrections/internal/StencilReader.h"
+#include "korvelfile/corrections/internal/GridReader.h"
 #include "korvelfile/corrections/internal/Truncate.h"
-#include "korvelfile/outside/base/Types.h"
 
 namespace {
 
 constexpr double kEarthRadius = 6378137.0;  // metres, of the ellipsoids WGS 84 and GRS 80
-constexpr std::size_t kFloatSize = 4;
 
 using Four = std::array<double, 4>;
 
@@ -254,16 +252,16 @@ bool CcgFile::ReadNodes(int row, int column) const {
   constexpr std::size_t kMostValues = 3;
   const int first = needsFourNodes_ ? 1 : 0;  // of the stencil, in rows and in columns
   const int count = needsFourNodes_ ? 2 : 4;
-  const int nodeSize = info_.GetNumberOfValues() * static_cast<int>(kFloatSize);
-  const std::int64_t begin = NodePosition(info_, row - 1 + first, column - 1 + first);
-  const std::int64_t end = NodePosition(info_, row - 2 + first + count, column - 1 + first);
-  if (nodeSize == 0 || begin < 0 || end < 0) return false;
-  std::array<unsigned char, kMostNodes * kMostValues * kFloatSize> bytes;
-  const StencilPlace place{begin, std::int64_t{info_.columns} * nodeSize, count, count * nodeSize};
-  if (!reader_->Read(info_.fileName, place, bytes.data())) return false;
-  const unsigned char* node = bytes.data();
+  const int values = info_.GetNumberOfValues();
+  const NodeWindow window{row - 1 + first, column - 1 + first, count, count};
+  const int lastRow = row - 2 + first + count;
+  if (values == 0 || NodePosition(info_, lastRow, column - 1 + first) < 0) return false;
+  std::array<float, kMostNodes * kMostValues> nodes;
+  const GridLayout layout{info_.dataOffset, std::int64_t{info_.columns} * values * 4, values};
+  if (!reader_->Read(info_.fileName, layout, window, nodes.data())) return false;
+  const float* node = nodes.data();
   for (int i = first; i < first + count; ++i) {
-    for (int j = first; j < first + count; ++j, node += nodeSize) {
+    for (int j = first; j < first + count; ++j, node += values) {
       if (!ReadNode(node, stencil_[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)]))
         return false;
     }
@@ -272,12 +270,12 @@ bool CcgFile::ReadNodes(int row, int column) const {
 }
 
 // A single float is Z.
-bool CcgFile::ReadNode(const unsigned char* bytes, Node& node) const {
+bool CcgFile::ReadNode(const float* floats, Node& node) const {
   constexpr double kLeastMissing = 9998.0;
   const auto values = static_cast<std::size_t>(info_.GetNumberOfValues());
   const std::size_t first = values == 1 ? 2 : 0;
   for (std::size_t i = 0; i < values; ++i) {
-    const double value = _Types::LittleEndianBytesToFloat(bytes + i * kFloatSize);
+    const double value = floats[i];
     if (!std::isfinite(value) || value >= kLeastMissing) return false;
     node[first + i] = value;
   }

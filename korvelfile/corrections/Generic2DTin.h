@@ -103,9 +103,7 @@ class Generic2DTin {
   struct Section;
 
   bool link_triangles();
-  void link_points_to_triangle(const T& triangle, int index);
   void link_points_to_triangles();
-  void IndexTriangles();
 
   bool IsInside(const Vector& p, int triangle) const;
   int* LastTriangle() const;

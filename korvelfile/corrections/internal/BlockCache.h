@@ -29,8 +29,6 @@ class BlockCache {
  private:
   static constexpr std::size_t kSlots = 4096;
   static constexpr std::size_t kRoom = std::size_t{6} << 20U;  ///< bytes of packed content
-  static constexpr int kMissesOfFirst = 2;                     ///< where a slot is free
-  static constexpr int kMissesOfOther = 16;                    ///< where another block must go
 
   struct Slot {
     std::int64_t number = -1;  ///< of the block that is here

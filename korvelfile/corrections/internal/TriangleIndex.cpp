@@ -4,6 +4,7 @@
 #include <array>
 #include <bit>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 // A uniform grid of cells, each with the triangles whose bounding box, somewhat widened, meets it.
@@ -26,8 +27,8 @@ constexpr double kWidening = 1.0 / 1024.0;                        // parts of w 
 constexpr double kSmallestProduct = 1e-200;
 constexpr double kLargestProduct = 1e200;
 
-constexpr double kTrianglesPerCell = 1.0;
-constexpr std::uint64_t kEntriesPerTriangle = 12;
+constexpr double kTrianglesPerCell = 4.0;
+constexpr std::size_t kEntriesPerTriangle = 8;
 
 // Extents that hold most of `values`, so that one stray corner doesn't spoil the cells.
 std::pair<double, double> MainExtent(std::vector<double> values) {
@@ -70,7 +71,7 @@ TriangleIndex::TriangleIndex(std::vector<Vector> sample, std::size_t triangles) 
 }
 
 void TriangleIndex::Add(const Vector& a, const Vector& b, const Vector& c) {
-  const int triangle = count_++;
+  Cells& cells = added_.emplace_back();
   const double area = std::fabs((a.y - c.y) * (c.x - b.x) + (a.x - c.x) * (b.y - c.y));
   if (area == 0.0 || std::isnan(area)) return;
 
@@ -80,53 +81,61 @@ void TriangleIndex::Add(const Vector& a, const Vector& b, const Vector& c) {
   const double h = upper - lower;
   const bool isRegular =
       w * h <= kLargestSlenderness * area && w * h >= kSmallestProduct && w * h <= kLargestProduct;
-  if (!isRegular) {
-    everywhere_.push_back(triangle);
-    return;
+  const Vector margin(w * kWidening, h * kWidening);
+  if (!isRegular || !Fits(Vector(left, lower) - margin, Vector(right, upper) + margin, cells))
+    everywhere_.push_back(static_cast<int>(added_.size() - 1));
+}
+
+// False if the cells from `low` to `high` are too many.
+bool TriangleIndex::Fits(const Vector& low, const Vector& high, Cells& cells) const {
+  const int column = columns_.Cell(low.x);
+  const int row = rows_.Cell(low.y);
+  const int columns = columns_.Cell(high.x) - column + 1;
+  const int rows = rows_.Cell(high.y) - row + 1;
+  if (std::max(columns, rows) > std::numeric_limits<std::uint16_t>::max()) return false;
+  cells = {static_cast<std::uint32_t>(CellOf(column, row)), static_cast<std::uint16_t>(columns),
+           static_cast<std::uint16_t>(rows)};
+  return true;
+}
+
+// Makes those triangles candidates everywhere that reach into too many cells.
+void TriangleIndex::SetLargeAside() {
+  std::array<std::size_t, 33> entries{};  // by bit length of the size
+  for (const Cells& cells : added_)
+    entries[static_cast<std::size_t>(std::bit_width(cells.Size()))] += cells.Size();
+  std::size_t room = kEntriesPerTriangle * added_.size();
+  int bits = 0;
+  while (bits < 33 && entries[static_cast<std::size_t>(bits)] <= room)
+    room -= entries[static_cast<std::size_t>(bits++)];
+  if (bits == 33) return;
+
+  for (std::size_t t = 0; t < added_.size(); ++t) {
+    if (std::bit_width(added_[t].Size()) < bits) continue;
+    everywhere_.push_back(static_cast<int>(t));
+    added_[t].rows = 0;
   }
-  added_.push_back({triangle, columns_.Cell(left - w * kWidening),
-                    columns_.Cell(right + w * kWidening), rows_.Cell(lower - h * kWidening),
-                    rows_.Cell(upper + h * kWidening)});
-}
-
-std::uint64_t TriangleIndex::Size(const Cells& cells) {
-  return static_cast<std::uint64_t>(cells.right - cells.left + 1) *
-         static_cast<std::uint64_t>(cells.upper - cells.lower + 1);
-}
-
-// The largest power of two such that all triangles below it make few enough entries together.
-std::uint64_t TriangleIndex::LargestSize() const {
-  std::array<std::uint64_t, 65> entries{};  // by bit length of the size
-  for (const Cells& cells : added_) entries[std::bit_width(Size(cells))] += Size(cells);
-  std::uint64_t room = kEntriesPerTriangle * static_cast<std::uint64_t>(count_);
-  std::size_t bits = 1;
-  while (bits < 63 && entries[bits] <= room) room -= entries[bits++];
-  return std::uint64_t{1} << (bits - 1);
+  std::sort(everywhere_.begin(), everywhere_.end());
 }
 
 template <class Use>
 void TriangleIndex::ForEachCell(const Cells& cells, Use use) const {
-  for (int row = cells.lower; row <= cells.upper; ++row)
-    for (int column = cells.left; column <= cells.right; ++column) use(CellOf(column, row));
+  std::size_t row = cells.first;
+  for (int i = 0; i < cells.rows; ++i, row += static_cast<std::size_t>(columns_.Count()))
+    for (std::size_t cell = row; cell < row + cells.columns; ++cell) use(cell);
 }
 
 void TriangleIndex::Close() {
-  const std::uint64_t largest = LargestSize();
-  const auto isLarge = [largest](const Cells& cells) { return Size(cells) >= largest; };
-  for (const Cells& cells : added_)
-    if (isLarge(cells)) everywhere_.push_back(cells.triangle);
-  std::sort(everywhere_.begin(), everywhere_.end());
-  std::erase_if(added_, isLarge);
-
-  // The starts are first ends less what has been put in already, from the last triangle downwards.
+  SetLargeAside();
   starts_.assign(CellOf(0, rows_.Count()) + 1, 0);
   for (const Cells& cells : added_)
     ForEachCell(cells, [this](std::size_t cell) { ++starts_[cell]; });
   std::size_t end = 0;
   for (std::size_t& start : starts_) start = end += start;
+  // Filled from the back, each end becomes a start.
   triangles_.resize(end);
-  for (auto cells = added_.rbegin(); cells != added_.rend(); ++cells) {
-    ForEachCell(*cells, [&](std::size_t cell) { triangles_[--starts_[cell]] = cells->triangle; });
+  for (std::size_t t = added_.size(); t-- > 0;) {
+    ForEachCell(added_[t],
+                [&](std::size_t cell) { triangles_[--starts_[cell]] = static_cast<int>(t); });
   }
   added_ = {};
 }

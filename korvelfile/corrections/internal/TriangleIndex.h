@@ -59,21 +59,21 @@ class TriangleIndex {
   std::span<const int> Everywhere() const { return everywhere_; }
 
  private:
-  // The cells that a triangle may reach into, ends included.
+  // The cells that a triangle may reach into; no row if they are to be no candidates there.
   struct Cells {
-    int triangle;
-    int left;
-    int right;
-    int lower;
-    int upper;
+    std::uint32_t first = 0;
+    std::uint16_t columns = 0;
+    std::uint16_t rows = 0;
+
+    std::size_t Size() const { return std::size_t{columns} * rows; }
   };
 
   std::size_t CellOf(int column, int row) const {
     return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_.Count()) +
            static_cast<std::size_t>(column);
   }
-  static std::uint64_t Size(const Cells& cells);
-  std::uint64_t LargestSize() const;
+  bool Fits(const Vector& low, const Vector& high, Cells& cells) const;
+  void SetLargeAside();
   template <class Use>
   void ForEachCell(const Cells& cells, Use use) const;
 
