@@ -15,6 +15,7 @@
 #include "tools/korvel/InfoVerb.h"
 #include "tools/korvel/InputError.h"
 #include "tools/korvel/StationVerb.h"
+#include "tools/korvel/corrections/CorrectionVerbs.h"
 
 namespace {
 
@@ -61,6 +62,7 @@ int korvel::RunApp(int argc, char** argv) {
   VerbRun run;
   AddStationVerb(app, run);
   AddInfoVerb(app, run);
+  AddCorrectionVerbs(app, run);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -1,7 +1,5 @@
 #include "tools/korvel/CollectorSummaries.h"
 
-#include <algorithm>
-#include <cfloat>
 #include <map>
 #include <set>
 #include <string>
@@ -22,23 +20,19 @@
 #include "korvelfile/measurements/StationDataItem.h"
 #include "korvelfile/outside/base/String.h"
 #include "korvelfile/outside/base/Text.h"
+#include "tools/korvel/ItemWalk.h"
 #include "tools/korvel/NumberFormat.h"
 #include "tools/korvel/Printable.h"
 #include "tools/korvel/SightedRecords.h"
+#include "tools/korvel/ValueRange.h"
 
 namespace {
 
+using korvel::ForEach;
 using korvel::Json;
+using korvel::ValueRange;
 
 using Counts = std::map<std::string, int>;
-
-// Calls `visit` with every item of the class T in `list`.
-template <class T>
-void ForEach(const DataItemListObject& list, const auto& visit) {
-  TypedItemCursor<T> cursor(list);
-  T* item = nullptr;
-  while (cursor.Next(item) == 0) visit(*item);
-}
 
 // As members "text": count; nothing is said of an empty text.
 Json CountsJson(const Counts& counts) {
@@ -69,29 +63,9 @@ void AddHeader(const DataItemListObject& file, Json& summary) {
   if (!infos.empty()) summary["header"] = infos;
 }
 
-struct Range {
-  double least = DBL_MAX;
-  double most = -DBL_MAX;
-  int missing = 0;
-
-  void Add(double value) {
-    if (!korvel::IsKnown(value)) {
-      ++missing;
-      return;
-    }
-    least = std::min(least, value);
-    most = std::max(most, value);
-  }
-  Json ToJson() const {
-    return {{"min", korvel::JsonNumber(least)},
-            {"max", korvel::JsonNumber(least > most ? DBL_MAX : most)},
-            {"missing", missing}};
-  }
-};
-
 // What the points of a coordinate file have in common.
 struct PointStatistics {
-  Range east, north, height;
+  ValueRange east, north, height;
   Counts codes, specialCodes;
   int attributes = 0;
 
@@ -194,7 +168,7 @@ void korvel::AddMeasurements(const MeasurementFile& file, Json& summary) {
 
 void korvel::AddLevelling(const LevFile& file, Json& summary) {
   int readings = 0;
-  Range heights;
+  ValueRange heights;
   Counts types, codes;
   std::set<std::wstring> points;
   ForEach<LevRecordItem>(file, [&](const LevRecordItem& record) {

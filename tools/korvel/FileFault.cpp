@@ -43,6 +43,11 @@ void RequireExtension(const std::string& path, const std::vector<std::string>& e
   throw InputError(path + ": unknown extension; there are" + wanted);
 }
 
+void RequireReadable(const std::string& path) {
+  const std::string fault = OpenFault(path);
+  if (!fault.empty()) throw InputError(path + ": " + fault);
+}
+
 bool IsSameFile(const std::string& a, const std::string& b) {
   std::error_code error;
   if (fs::equivalent(a, b, error)) return true;

@@ -18,6 +18,9 @@ std::string ExtensionOf(const std::string& path);
 /// @throws InputError that tells which there are
 void RequireExtension(const std::string& path, const std::vector<std::string>& extensions);
 
+/// @throws InputError that tells why, if the file can't be opened for reading
+void RequireReadable(const std::string& path);
+
 /// True if both name the same existing file, or the same place for a new one.
 bool IsSameFile(const std::string& a, const std::string& b);
 

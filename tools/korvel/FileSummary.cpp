@@ -13,6 +13,8 @@
 #include "tools/korvel/FileFault.h"
 #include "tools/korvel/InputError.h"
 #include "tools/korvel/LibraryMessages.h"
+#include "tools/korvel/corrections/CorrectionModel.h"
+#include "tools/korvel/corrections/ModelSummary.h"
 
 namespace {
 
@@ -77,7 +79,9 @@ korvel::Json korvel::SummarizeFile(const std::string& path, LibraryMessages& mes
   const auto format = std::find_if(kFormats.begin(), kFormats.end(),
                                    [&](const Format& f) { return f.extension == extension; });
   if (format != kFormats.end()) return format->summarize(path, messages);
+  if (IsModel(path)) return SummarizeModel(path, FindAngleUnit("deg"));
   std::string known;
   for (const Format& f : kFormats) known += ' ' + std::string(f.extension);
-  throw InputError(path + ": no format of this extension; there are" + known);
+  throw InputError(path + ": no format of this extension, and no model of corrections; there are" +
+                   known);
 }

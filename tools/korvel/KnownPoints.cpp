@@ -6,7 +6,7 @@
 #include "korvelfile/coordinates/PointDataItem.h"
 #include "korvelfile/coordinates/PxyCoordinateFile.h"
 #include "korvelfile/outside/base/Text.h"
-#include "tools/korvel/FileFault.h"
+#include "tools/korvel/CoordinateFile.h"
 #include "tools/korvel/InputError.h"
 #include "tools/korvel/LibraryMessages.h"
 #include "tools/korvel/NumberFormat.h"
@@ -16,20 +16,17 @@ namespace {
 constexpr std::size_t kWarningsShown = 10;
 constexpr std::string_view kDuplicateMark = "_x";
 
-bool IsCoordinateFile(const std::string& path) {
-  const std::string extension = korvel::ExtensionOf(path);
-  return extension == ".geo" || extension == ".pxy" || extension == ".llc";
-}
-
 // What keeps `path` from being loaded; empty if it can be.
 std::string LoadFault(const std::string& path, korvel::LibraryMessages& messages) {
-  if (!IsCoordinateFile(path))
+  if (!korvel::IsCoordinateFile(path))
     return path + ": not a coordinate file: known points come from .geo, .pxy and .llc files";
-  messages.Clear();
-  PxyCoordinateFile file(false);
-  file.ChooseFile(path.c_str());
-  if (file.UseCollector() == 0) return {};
-  return korvel::DescribeReadFault(path, file, "a coordinate file", messages);
+  try {
+    PxyCoordinateFile file(false);
+    korvel::ReadCoordinateFile(path, file, messages);
+    return {};
+  } catch (const korvel::InputError& error) {
+    return error.what();
+  }
 }
 
 [[noreturn]] void ThrowLoadFaults(const std::vector<std::string>& files,

@@ -1,6 +1,8 @@
 #include "tools/korvel/NumberFormat.h"
 
+#include <array>
 #include <cfloat>
+#include <charconv>
 #include <cmath>
 
 #include "korvelfile/outside/base/NumberText.h"
@@ -23,6 +25,12 @@ std::string MetreText(double metres) { return NumberText(metres, 4); }
 
 std::string MillimetreText(double metres) {
   return NumberText(IsKnown(metres) ? metres * 1000.0 : metres, 1);
+}
+
+double DecimalOf(float value) {
+  std::array<char, 32> text;
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
+  return ParseDouble({text.data(), static_cast<std::size_t>(end - text.data())});
 }
 
 std::string CountText(std::size_t count, const std::string& noun) {

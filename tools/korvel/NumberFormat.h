@@ -20,6 +20,9 @@ std::string MetreText(double metres);
 /// Metres as millimetres, to 0.1 mm.
 std::string MillimetreText(double metres);
 
+/// The number that `value` was most likely meant as: the shortest decimal that reads as this float.
+double DecimalOf(float value);
+
 /// "1 point", "2 points".
 std::string CountText(std::size_t count, const std::string& noun);
 

@@ -9,8 +9,7 @@
 #include "korvelfile/measurements/InmlineDataItem.h"
 #include "korvelfile/measurements/StationDataItem.h"
 #include "korvelfile/outside/base/Text.h"
-#include "tools/korvel/InputError.h"
-#include "tools/korvel/LibraryMessages.h"
+#include "tools/korvel/CoordinateFile.h"
 #include "tools/korvel/StationOutcome.h"
 
 namespace {
@@ -52,16 +51,11 @@ void InsertStation(const korvel::StationOutcome& outcome, PxyCoordinateFile& fil
 
 void korvel::WritePointsFile(const std::string& path, const std::vector<StationOutcome>& outcomes,
                              LibraryMessages& messages) {
-  messages.Clear();
   PxyCoordinateFile file(false);
-  file.ChooseFile(path.c_str());
   file.InitAndUseCollectorWithoutFuckingDisk();
   if (FileHeader* header = file.empty() ? nullptr : file.GetFileHeader())
     header->SetDescription("free stations and their new points");
   for (const StationOutcome& outcome : outcomes)
     if (outcome.IsComputed()) InsertStation(outcome, file);
-  file.FlagDirty();
-  const int result = file.SaveCollector();
-  file.UnUseCollector();
-  if (result != 0) throw InputError(path + ": can't be written" + messages.Explanation(path));
+  SaveCoordinateFile(path, file, messages);
 }

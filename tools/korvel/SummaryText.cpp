@@ -23,12 +23,12 @@ std::string Title(std::string key) {
   return key;
 }
 
-bool IsRange(const Json& value) { return value.is_object() && value.contains("missing"); }
+bool IsRange(const Json& value) { return value.is_object() && value.contains("max"); }
 
 std::string ValueText(const Json& value);
 
 std::string RangeText(const Json& range) {
-  const auto missing = range["missing"].get<std::size_t>();
+  const auto missing = range.value("missing", std::size_t{0});
   if (range["min"].is_null()) return "none";
   return ValueText(range["min"]) + " to " + ValueText(range["max"]) +
          (missing > 0 ? ", " + std::to_string(missing) + " missing" : "");

@@ -1,0 +1,58 @@
+#include "tools/korvel/corrections/CorrectionQuery.h"
+
+#include <algorithm>
+
+#include "korvelfile/outside/base/Undefined.h"
+#include "tools/korvel/InputError.h"
+#include "tools/korvel/NumberFormat.h"
+#include "tools/korvel/corrections/CorrectionModel.h"
+
+namespace {
+
+constexpr std::size_t kNamesShown = 20;
+
+}  // namespace
+
+namespace korvel {
+
+CorrectionQuery::CorrectionQuery(const CorrectionModel& model, const ModelUnits& units,
+                                 bool isInverse)
+    : model_(model), units_(units), isInverse_(isInverse) {
+  if (isInverse && !model.GetTraits().hasInverse)
+    throw InputError("the model has forward corrections only, no inverse");
+}
+
+std::string CorrectionQuery::Fault(double north, double east) const {
+  if (!IsKnown(north) || !IsKnown(east)) return "no coordinates";
+  return model_.GetExtent().Contains(north, east) ? "no value there" : "outside";
+}
+
+CorrectedPoint CorrectionQuery::Correct(const QueryPoint& point) const {
+  const double north = units_.ToModel(point.north);
+  const double east = units_.ToModel(point.east);
+  Vector3d c;
+  const bool isThere =
+      IsKnown(north) && IsKnown(east) &&
+      (isInverse_ ? model_.FindInverse(north, east, c) : model_.Find(north, east, c));
+  if (!isThere)
+    return {Fault(north, east),
+            {kUndefined, kUndefined, kUndefined},
+            kUndefined,
+            kUndefined,
+            kUndefined};
+  const Vector3d correction(units_.FromModel(c.x), units_.FromModel(c.y), c.z);
+  const Vector3d step = isInverse_ ? correction * -1.0 : correction;
+  return {"", correction, point.north + step.x, point.east + step.y,
+          IsKnown(point.height) ? point.height + step.z : kUndefined};
+}
+
+void PrintUncorrected(const std::vector<std::string>& names, std::size_t count) {
+  if (names.empty()) return;
+  std::string text = CountText(names.size(), "point") + " of " + std::to_string(count) +
+                     (names.size() == 1 ? " has" : " have") + " no correction:";
+  for (std::size_t i = 0; i < std::min(names.size(), kNamesShown); ++i)
+    text += (i ? ", " : " ") + names[i];
+  PrintError(names.size() > kNamesShown ? text + ", ..." : text);
+}
+
+}  // namespace korvel

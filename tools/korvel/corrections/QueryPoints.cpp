@@ -1,0 +1,77 @@
+#include "tools/korvel/corrections/QueryPoints.h"
+
+#include <algorithm>
+#include <sstream>
+
+#include <CLI/CLI.hpp>
+
+#include "korvelfile/coordinates/PxyCoordinateFile.h"
+#include "tools/korvel/CoordinateFile.h"
+#include "tools/korvel/InputError.h"
+#include "tools/korvel/NumberArgument.h"
+#include "tools/korvel/corrections/CsvNumbers.h"
+
+namespace {
+
+using korvel::QueryPoint;
+
+void ReadCsv(const std::string& path, std::vector<QueryPoint>& points) {
+  korvel::WithCsvText(path, [&](std::istream& in, const std::string& source) {
+    korvel::CsvNumbers csv(
+        in, source, {korvel::NorthColumn(), korvel::EastColumn(), {{"height", "h", "z"}, false}});
+    for (korvel::CsvRow row; csv.Next(row);)
+      points.push_back({row.name, row.numbers[0], row.numbers[1], row.numbers[2]});
+  });
+}
+
+void ReadCoordinates(const std::string& path, korvel::LibraryMessages& messages,
+                     std::vector<QueryPoint>& points) {
+  PxyCoordinateFile file(false);
+  korvel::ReadCoordinateFile(path, file, messages);
+  korvel::ForEachPoint(file, [&](const PointDataItem& p, const LineDataItem* line) {
+    points.push_back({korvel::FullName(p, line), p.y, p.x, p.z});
+  });
+}
+
+}  // namespace
+
+namespace korvel {
+
+const char* const kQueryInputHelp =
+    "Points are N,E or N,E,H on the command line, or come from files: .geo, .pxy and .llc files;\n"
+    "every other file is CSV, - is standard input. North is latitude and east is longitude where\n"
+    "a model works in these, in degrees or what --angles says. A CSV text has the columns north,\n"
+    "east and, if need be, name and height, in any order, if its first line names them; without\n"
+    "that line a row is N,E or NAME,N,E or NAME,N,E,H. Commas, semicolons or tabs separate them,\n"
+    "the decimal sign is a point.\n";
+
+QueryPoint ReadPointArgument(const std::string& text) {
+  std::istringstream fields(text);
+  std::vector<double> numbers;
+  for (std::string field; std::getline(fields, field, ',');)
+    numbers.push_back(ReadNumber(field).value_or(kUndefined));
+  if (numbers.size() < 2 || numbers.size() > 3 ||
+      std::any_of(numbers.begin(), numbers.end(), IsUndefined))
+    throw InputError(text + ": no point; a point is N,E or N,E,H");
+  return {"", numbers[0], numbers[1], numbers.size() > 2 ? numbers[2] : kUndefined};
+}
+
+void AddQueryInput(CLI::App& verb, QueryInput& input) {
+  verb.add_option("POINT", input.arguments, "points N,E or N,E,H")->type_name("");
+  verb.add_option("-p,--points", input.files, "coordinate or CSV files; - is standard input")
+      ->type_name("FILE")
+      ->allow_extra_args(false);
+}
+
+std::vector<QueryPoint> ReadQueryPoints(const QueryInput& input, LibraryMessages& messages) {
+  std::vector<QueryPoint> points;
+  for (const std::string& text : input.arguments) points.push_back(ReadPointArgument(text));
+  for (const std::string& path : input.files)
+    IsCoordinateFile(path) ? ReadCoordinates(path, messages, points) : ReadCsv(path, points);
+  if (points.empty())
+    throw InputError(input.files.empty() ? "no points; give N,E or --points FILE"
+                                         : "the files hold no points");
+  return points;
+}
+
+}  // namespace korvel

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "korvelfile/outside/base/Undefined.h"
+
+namespace CLI {
+class App;
+}
+
+namespace korvel {
+
+class LibraryMessages;
+
+/// A point that a model is asked for, in the units of the command line.
+struct QueryPoint {
+  std::string name;
+  double north = kUndefined;
+  double east = kUndefined;
+  double height = kUndefined;  ///< metres
+};
+
+/// The point that an argument "N,E" or "N,E,H" names.
+/// @throws InputError if it names none
+QueryPoint ReadPointArgument(const std::string& text);
+
+/// Where the points of a query come from.
+struct QueryInput {
+  std::vector<std::string> arguments;  ///< "N,E" or "N,E,H"
+  std::vector<std::string> files;      ///< coordinate files, CSV files, "-" for standard input
+};
+
+/// What the help of every verb with a `QueryInput` says of it.
+extern const char* const kQueryInputHelp;
+
+/// Adds the arguments and the option that fill `input`.
+void AddQueryInput(CLI::App& verb, QueryInput& input);
+
+/// All points of `input`: those of the arguments first, then file by file.
+///
+/// A point in a line is named "line.point". A point without a name gets none.
+/// @throws InputError for a point or file that can't be read, and if there is no point at all
+std::vector<QueryPoint> ReadQueryPoints(const QueryInput& input, LibraryMessages& messages);
+
+}  // namespace korvel
