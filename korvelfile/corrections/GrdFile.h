@@ -51,6 +51,18 @@ class KORVELFILE_EXPORT GrdFile {
   /// Coordinates of the file opened last.
   CoordType GetCoordType() const { return coordType_; }
 
+  /// @name Raster of the open file
+  /// Rows count from the north, columns from the west. Coordinates are radians in a geographic
+  /// grid. A grid without rows or columns answers nothing.
+  /// @{
+  std::int32_t GetRows() const { return rows_; }              ///< How many.
+  std::int32_t GetColumns() const { return columns_; }        ///< How many.
+  double GetNorthLimit() const { return northLimit_; }        ///< Of the first row.
+  double GetWestLimit() const { return westLimit_; }          ///< Of the first column.
+  double GetRowSpacing() const { return rowSpacing_; }        ///< From row to row.
+  double GetColumnSpacing() const { return columnSpacing_; }  ///< From column to column.
+  /// @}
+
   /// The height at a position, between the four nodes around it.
   ///
   /// A position up to 1e-10 beyond a limit counts as within. In a geographic grid that reaches from

@@ -9,45 +9,13 @@
 #include <string>
 
 #include "korvelfile/corrections/GrdFile.h"
+#include "korvelfile/corrections/internal/BynHeader.h"
 #include "korvelfile/corrections/internal/GrdHeader.h"
 #include "korvelfile/outside/base/FilePath.h"
 #include "korvelfile/outside/base/GeoFile.h"
 #include "korvelfile/outside/base/Types.h"
 
 namespace {
-
-// Part of a BYN header: all little endian, whatever the order of the heights.
-struct BynHeader {
-  static constexpr std::size_t kSize = 80;
-  using Bytes = std::array<unsigned char, kSize>;
-
-  GrdHeader grid;
-  double factor = 1.0;
-  std::int16_t valueSize = 0;  // bytes
-  std::uint16_t order = 0;     // of the heights: 0 big endian, 1 little endian
-
-  explicit BynHeader(const Bytes& bytes) {
-    const auto degrees = [&](std::size_t at) {
-      return _Types::LittleEndianBytesToInt32(&bytes[at]) / kSecondsPerDegree;
-    };
-    const auto spacing = [&](std::size_t at) {
-      return _Types::LittleEndianBytesToInt16(&bytes[at]) / kSecondsPerDegree;
-    };
-    grid = {GrdFile::kGeographicMagic,
-            degrees(0),
-            degrees(4),
-            degrees(8),
-            degrees(12),
-            spacing(16),
-            spacing(18)};
-    factor = _Types::LittleEndianBytesToDouble(&bytes[24]);
-    valueSize = _Types::LittleEndianBytesToInt16(&bytes[32]);
-    order = _Types::LittleEndianBytesToUInt16(&bytes[48]);
-  }
-
- private:
-  static constexpr double kSecondsPerDegree = 3600.0;
-};
 
 constexpr std::int16_t kNoBynValue = 32767;
 constexpr float kNoGrdValue = 9999.0F;

@@ -1,13 +1,12 @@
 #include "tools/korvel/corrections/GridShape.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
 
 #include "korvelfile/corrections/CcgFile.h"
 #include "korvelfile/corrections/GrdFile.h"
-#include "korvelfile/outside/base/Angles.h"
+#include "korvelfile/corrections/internal/GrdHeader.h"
 #include "korvelfile/outside/base/GeoFile.h"
 #include "korvelfile/outside/base/Text.h"
 #include "korvelfile/outside/base/Types.h"
@@ -21,40 +20,19 @@ using korvel::InputError;
 constexpr int kFloatSize = 4;
 constexpr float kMissing = 9998.0F;  // and above: a node without a value
 
-// Nodes along an axis; 0 if that makes no sense.
-int CountOf(double least, double most, double spacing) {
-  const double count = (most - least) / spacing + 1.5;
-  return spacing > 0.0 && count >= 1.0 && count < std::numeric_limits<int>::max()
-             ? static_cast<int>(count)
-             : 0;
-}
-
-// The header of a geoid grid: a magic, then south, north, west, east, spacing of rows and columns.
-GridShape ReadGrdShape(const std::string& path) {
-  constexpr std::size_t kMagicSize = 4;
-  constexpr std::int64_t kHeaderSize = 64;
-  constexpr int kPaddedTo = 16;  // columns
-  std::array<unsigned char, kHeaderSize> bytes{};
-  GeoFile file;
-  if (_FileIO::OpenFile(file, path, _FileIO::kRead, false) != 0 ||
-      _FileIO::ReadFile(file, bytes.data(), bytes.size()) != 0)
-    throw InputError(path + ": ends within its header");
+GridShape ShapeOf(const GrdFile& file, const std::string& path) {
   GridShape shape;
   shape.path = path;
-  shape.isGeographic = _Types::LittleEndianBytesToUInt32(bytes.data()) == GrdFile::kGeographicMagic;
-  std::array<double, 6> n{};
-  for (std::size_t i = 0; i < n.size(); ++i)
-    n[i] = _Types::LittleEndianBytesToDouble(&bytes[kMagicSize + i * sizeof(double)]) *
-           (shape.isGeographic ? kRadiansPerDegree : 1.0);
-  shape.northMax = n[1];
-  shape.eastMin = n[2];
-  shape.northSpacing = n[4];
-  shape.eastSpacing = n[5];
-  shape.rows = CountOf(n[0], n[1], n[4]);
-  shape.columns = CountOf(n[2], n[3], n[5]);
+  shape.isGeographic = file.GetCoordType() == GrdFile::kGeographic;
+  shape.northMax = file.GetNorthLimit();
+  shape.eastMin = file.GetWestLimit();
+  shape.northSpacing = file.GetRowSpacing();
+  shape.eastSpacing = file.GetColumnSpacing();
+  shape.rows = file.GetRows();
+  shape.columns = file.GetColumns();
   shape.values = 1;
-  shape.start = kHeaderSize;
-  shape.stride = (std::int64_t{shape.columns} + kPaddedTo - 1) / kPaddedTo * kPaddedTo * kFloatSize;
+  shape.start = GrdHeader::kSize;
+  shape.stride = GrdStride(shape.columns) * kFloatSize;
   return shape;
 }
 
@@ -64,7 +42,11 @@ bool IsUsable(const GridShape& shape) {
 }
 
 GridShape ReadShape(const std::string& path) {
-  if (korvel::FindModelKind(path) == korvel::ModelKind::GeoidGrid) return ReadGrdShape(path);
+  if (korvel::FindModelKind(path) == korvel::ModelKind::GeoidGrid) {
+    GrdFile file;
+    file.OpenFile(path.c_str());
+    return ShapeOf(file, path);
+  }
   CcgFile file;
   if (!file.OpenFile(Widen(path))) throw InputError(path + ": can't be read as a correction grid");
   return korvel::ShapeOf(file.GetFileInfo());
