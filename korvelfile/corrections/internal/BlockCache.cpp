@@ -36,21 +36,21 @@ BlockCache::BlockCache(const GridLayout& layout) : layout_(layout) {
 }
 
 bool BlockCache::Get(const NodeWindow& window, float* nodes) const {
-  const PackedBlock* block = nullptr;
-  std::int64_t number = -1;
   for (std::int64_t row = window.row; row < window.row + window.rows; ++row) {
-    for (std::int64_t column = window.column; column < window.column + window.columns; ++column) {
-      const std::int64_t wanted =
-          row / PackedBlock::kRows * blocksInRow_ + column / PackedBlock::kColumns;
-      if (wanted != number) {
-        const Slot& slot = SlotOf(wanted);
-        if (slot.number != wanted) return false;
-        number = wanted;
-        block = &slot.block;
-      }
-      for (int value = 0; value < layout_.values; ++value)
-        *nodes++ = block->Get(static_cast<int>(row % PackedBlock::kRows),
-                              static_cast<int>(column % PackedBlock::kColumns), value);
+    const std::int64_t first = row / PackedBlock::kRows * blocksInRow_;
+    std::int64_t column = window.column;
+    const std::int64_t end = column + window.columns;
+    while (column < end) {
+      const std::int64_t number = first + column / PackedBlock::kColumns;
+      const Slot& slot = SlotOf(number);
+      if (slot.number != number) return false;
+      const auto inBlock = static_cast<int>(column % PackedBlock::kColumns);
+      const int count =
+          static_cast<int>(std::min<std::int64_t>(end - column, PackedBlock::kColumns - inBlock));
+      slot.block.Get(static_cast<int>(row % PackedBlock::kRows), inBlock, count, layout_.values,
+                     nodes);
+      nodes += count * layout_.values;
+      column += count;
     }
   }
   return true;

@@ -28,7 +28,7 @@ class BlockCache {
 
  private:
   static constexpr std::size_t kSlots = 4096;
-  static constexpr std::size_t kRoom = std::size_t{6} << 20U;  ///< bytes of packed content
+  static constexpr std::size_t kRoom = std::size_t{27} << 18U;  ///< bytes of packed content
 
   struct Slot {
     std::int64_t number = -1;  ///< of the block that is here

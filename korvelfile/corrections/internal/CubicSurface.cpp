@@ -59,11 +59,17 @@ CubicSurface::CubicSurface(const Values& values) {
           static_cast<float>(sums[j][i] / (kPolynomials.squares[i] * kPolynomials.squares[j]));
 }
 
-float CubicSurface::At(int row, int column) const {
+CubicSurface::Profile CubicSurface::AlongRow(int row) const {
   const auto& f = factors_;
-  const auto& x = kPolynomials.at[static_cast<std::size_t>(column)];
   const auto& y = kPolynomials.at[static_cast<std::size_t>(row)];
-  return static_cast<float>((f[0] + f[1] * x[1] + f[2] * x[2] + f[3] * x[3]) +
-                            (f[4] + f[5] * x[1] + f[6] * x[2]) * y[1] +
-                            (f[7] + f[8] * x[1]) * y[2] + f[9] * y[3]);
+  Profile profile;
+  profile.factors_ = {f[0] + f[4] * y[1] + f[7] * y[2] + f[9] * y[3],
+                      f[1] + f[5] * y[1] + f[8] * y[2], f[2] + f[6] * y[1], f[3]};
+  return profile;
+}
+
+float CubicSurface::Profile::At(int column) const {
+  const auto& x = kPolynomials.at[static_cast<std::size_t>(column)];
+  return static_cast<float>(factors_[0] + factors_[1] * x[1] + factors_[2] * x[2] +
+                            factors_[3] * x[3]);
 }

@@ -18,8 +18,18 @@ class CubicSurface {
   /// give the plane 0.
   explicit CubicSurface(const Values& values);
 
-  /// Height in a node; the same bits whenever it is asked for.
-  float At(int row, int column) const;
+  /// The surface along one row of nodes.
+  class Profile {
+   public:
+    /// Height in a node; the same bits whenever it is asked for.
+    float At(int column) const;
+
+   private:
+    friend class CubicSurface;
+    std::array<double, 4> factors_;  ///< of the polynomials in the column
+  };
+
+  Profile AlongRow(int row) const;
 
  private:
   /// Factors of the products of a polynomial in the column with one in the row, of a degree of up

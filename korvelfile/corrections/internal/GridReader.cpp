@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr std::chrono::microseconds kTrustTime{1};
+constexpr std::chrono::microseconds kTrustTime{2};
 
 }  // namespace
 

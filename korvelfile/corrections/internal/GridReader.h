@@ -32,7 +32,7 @@ struct NodeWindow {
 ///
 /// What was read before is kept in blocks, in at most some 6 MiB however large the file is. The
 /// blocks count only as long as the file is the one that they were read from: a look at its state
-/// on disk goes before they are used, at most once in a microsecond, since no change of a file is
+/// on disk goes before they are used, at most every two microseconds, since no change of a file is
 /// made and told of faster. A file that was changed in the last moments isn't kept at all.
 ///
 /// For one thread at a time. A copy starts without blocks.

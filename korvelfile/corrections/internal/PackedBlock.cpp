@@ -1,5 +1,6 @@
 #include "korvelfile/corrections/internal/PackedBlock.h"
 
+#include <algorithm>
 #include <bit>
 
 namespace {
@@ -48,7 +49,7 @@ void PackedBlock::Pack(const Values& values) {
   std::uint32_t all = 0;
   for (int i = 0; i < kTile * kTile; ++i) {
     const auto k = static_cast<std::size_t>(i);
-    const float expected = tile.surface.At(i / kTile, i % kTile);
+    const float expected = tile.surface.AlongRow(i / kTile).At(i % kTile);
     distances[k] = Folded(Ordered(values[k]) - Ordered(expected));
     all |= distances[k];
   }
@@ -75,11 +76,24 @@ std::uint32_t PackedBlock::Distance(const Tile& tile, int index) const {
   return static_cast<std::uint32_t>(((word[0] >> shift) | high) & mask);
 }
 
-float PackedBlock::Get(int row, int column, int value) const {
-  const Tile& tile = tiles_[static_cast<std::size_t>(value * kTiles + column / kTile)];
-  const float expected = tile.surface.At(row, column % kTile);
-  const std::uint32_t distance = Distance(tile, row * kTile + column % kTile);
-  return FloatOf(Ordered(expected) + Unfolded(distance));
+void PackedBlock::Get(int row, int column, int columns, int values, float* nodes) const {
+  for (int value = 0; value < values; ++value)
+    GetValue(row, column, columns, value, values, nodes + value);
+}
+
+void PackedBlock::GetValue(int row, int column, int columns, int value, int values,
+                           float* nodes) const {
+  const int end = column + columns;
+  while (column < end) {
+    const Tile& tile = tiles_[static_cast<std::size_t>(value * kTiles + column / kTile)];
+    const CubicSurface::Profile profile = tile.surface.AlongRow(row);
+    const int endInTile = std::min(end, (column / kTile + 1) * kTile);
+    for (; column < endInTile; ++column, nodes += values) {
+      const int inTile = column % kTile;
+      const std::uint32_t distance = Unfolded(Distance(tile, row * kTile + inTile));
+      *nodes = FloatOf(Ordered(profile.At(inTile)) + distance);
+    }
+  }
 }
 
 std::size_t PackedBlock::GetSize() const {

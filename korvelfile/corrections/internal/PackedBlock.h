@@ -25,8 +25,11 @@ class PackedBlock {
   /// Packs `kNodes` nodes, row after row, of 1 to 3 `values` each, one behind the other.
   PackedBlock(const float* nodes, int values);
 
-  /// Value number `value` of the node in `row` and `column`, bit for bit as it was packed.
-  float Get(int row, int column, int value) const;
+  /// Copies the nodes of `row` from `column` on, bit for bit as they were packed.
+  ///
+  /// @param columns how many; they don't reach beyond the block
+  /// @param values of a node, as many as were packed
+  void Get(int row, int column, int columns, int values, float* nodes) const;
 
   /// Memory that the content takes, bytes.
   std::size_t GetSize() const;
@@ -44,6 +47,7 @@ class PackedBlock {
   };
 
   void Pack(const Values& values);
+  void GetValue(int row, int column, int columns, int value, int values, float* nodes) const;
   void Append(std::uint32_t distance, std::uint32_t bits);
   std::uint32_t Distance(const Tile& tile, int index) const;
 
