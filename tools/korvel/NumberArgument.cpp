@@ -31,6 +31,12 @@ std::optional<double> ReadNumber(std::string_view text) {
   return value;
 }
 
+CLI::Validator AnyNumber() {
+  return CLI::Validator(
+      [](std::string& text) { return ReadNumber(text) ? std::string() : text + " is no number"; },
+      "");
+}
+
 CLI::Validator Positive() {
   return CLI::Validator([](std::string& text) { return NumberFault(text, false); }, "");
 }

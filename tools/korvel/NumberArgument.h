@@ -15,6 +15,9 @@ namespace korvel {
 /// The number that `text` is, but for white space around it; nothing if it is none, or not finite.
 std::optional<double> ReadNumber(std::string_view text);
 
+/// Takes all numbers.
+CLI::Validator AnyNumber();
+
 /// Takes numbers above 0.
 CLI::Validator Positive();
 

@@ -2,7 +2,10 @@
 
 #include <string>
 
+#include "tools/korvel/corrections/BuildVerb.h"
+#include "tools/korvel/corrections/ConvertVerb.h"
 #include "tools/korvel/corrections/CorrectVerb.h"
+#include "tools/korvel/corrections/ExpandVerb.h"
 #include "tools/korvel/corrections/ModelInfoVerb.h"
 #include "tools/korvel/corrections/QueryVerb.h"
 #include "tools/korvel/corrections/SectionVerb.h"
@@ -23,6 +26,9 @@ void korvel::AddCorrectionVerbs(CLI::App& app, VerbRun& run) {
   CLI::App& grid = AddGroup(app, "grid", "look into, ask, build and draw grids of corrections");
   AddModelInfoVerb(grid, run, "tell what grids hold");
   AddQueryVerb(grid, run, ModelKind::CorrectionGrid);
+  AddBuildVerb(grid, run);
+  AddExpandVerb(grid, run);
+  AddConvertVerb(grid, run);
   CLI::App& geoid = AddGroup(app, "geoid", "ask a grid of geoid heights");
   AddQueryVerb(geoid, run, ModelKind::GeoidGrid);
   CLI::App& triad = AddGroup(app, "triad", "look into and ask triangulated networks");

@@ -1,8 +1,10 @@
 #include "tools/korvel/corrections/CsvNumbers.h"
 
 #include <algorithm>
+#include <array>
 #include <fstream>
 #include <iostream>
+#include <string_view>
 #include <utility>
 
 #include "korvelfile/outside/base/Text.h"
@@ -20,9 +22,14 @@ std::string LowerText(std::string text) {
   return text;
 }
 
-// "lat" of "lat_deg", "north" of "North [m]".
+// "lat" of "lat_deg", "north" of "North [m]"; a name that ends in no unit stays.
 std::string WithoutUnit(const std::string& name) {
-  return std::string(Trim(std::string_view(name).substr(0, name.find_first_of("_ [("))));
+  constexpr std::array<std::string_view, 4> kUnits{"m", "deg", "gon", "rad"};
+  const std::size_t end = std::min(name.find_first_of("_ [("), name.size());
+  std::string unit = name.substr(end);
+  std::erase_if(unit, [](char c) { return c < 'a' || c > 'z'; });
+  const bool isUnit = std::find(kUnits.begin(), kUnits.end(), unit) != kUnits.end();
+  return isUnit ? std::string(TrimRight(name.substr(0, end))) : name;
 }
 
 // The field that has the best of `names`; a name without a unit behind it is better.

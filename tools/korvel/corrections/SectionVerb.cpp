@@ -89,6 +89,7 @@ void korvel::AddSectionVerb(CLI::App& group, VerbRun& run) {
       ->type_name("");
   verb.add_option("-a,--azimuth", options.azimuth, "direction of the section")
       ->required()
+      ->check(AnyNumber())
       ->type_name("ANGLE");
   AddAnglesOption(verb, options.angles, "unit of the azimuth");
   AddResultFormat(verb, options.format);
