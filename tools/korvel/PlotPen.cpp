@@ -112,6 +112,27 @@ void PlotPen::Box(const Vector& corner, const Vector& size, const Colour& colour
   isFilled ? cairo_fill(context_) : cairo_stroke(context_);
 }
 
+void PlotPen::Picture(const Vector& corner, const Vector& size, int columns, int rows,
+                      const std::vector<Colour>& colours) const {
+  cairo_surface_t* image = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, columns, rows);
+  cairo_t* pixels = cairo_create(image);
+  for (int i = 0; i < rows * columns; ++i) {
+    const Colour& c = colours[static_cast<std::size_t>(i)];
+    cairo_set_source_rgba(pixels, c.red, c.green, c.blue, c.opacity);
+    cairo_rectangle(pixels, i % columns, i / columns, 1.0, 1.0);
+    cairo_fill(pixels);
+  }
+  cairo_destroy(pixels);
+  cairo_save(context_);
+  cairo_translate(context_, corner.x, corner.y);
+  cairo_scale(context_, size.x / columns, size.y / rows);
+  cairo_set_source_surface(context_, image, 0.0, 0.0);
+  cairo_pattern_set_filter(cairo_get_source(context_), CAIRO_FILTER_NEAREST);
+  cairo_paint(context_);
+  cairo_restore(context_);
+  cairo_surface_destroy(image);
+}
+
 void PlotPen::StationSign(const Vector& at) const {
   constexpr double kRadius = 5.0;
   cairo_arc(context_, at.x, at.y, kRadius, 0.0, kTwoPi);

@@ -4,6 +4,7 @@
 
 #include <initializer_list>
 #include <string>
+#include <vector>
 
 #include <cairo.h>
 
@@ -53,6 +54,9 @@ class PlotPen {
 
   void Line(const Vector& from, const Vector& to, const Colour& colour, double width) const;
   void DashedLine(const Vector& from, const Vector& to, const Colour& colour, double width) const;
+  /// A picture of `columns` x `rows` colours, row by row from the upper left corner.
+  void Picture(const Vector& corner, const Vector& size, int columns, int rows,
+               const std::vector<Colour>& colours) const;
   /// A line with a head at its end; a very short one is a dot.
   void Arrow(const Vector& from, const Vector& to, const Colour& colour) const;
   void Box(const Vector& corner, const Vector& size, const Colour& colour, bool isFilled) const;

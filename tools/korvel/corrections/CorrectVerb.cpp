@@ -159,7 +159,7 @@ int RunCorrectVerb(const CorrectOptions& options) {
   PxyCoordinateFile file(false);
   korvel::ReadCoordinateFile(options.in, file, messages);
   const Correction done = CorrectAll(options, *model, file);
-  korvel::PrintUncorrected(done.uncorrected, done.count);
+  korvel::PrintUncorrected(done.uncorrected, done.count, done.count);
   if (!done.uncorrected.empty() && !options.keepUncorrected) {
     korvel::PrintError(options.out + ": not written; --keep-uncorrected writes such points too");
     return korvel::kComputationFailed;

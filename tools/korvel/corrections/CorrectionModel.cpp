@@ -107,7 +107,7 @@ class GeoidModel : public CorrectionModel {
 class NetworkModel : public CorrectionModel {
  public:
   explicit NetworkModel(std::unique_ptr<const LmvTriadFile> file)
-      : CorrectionModel({ModelKind::Network, false, true, false, true}, ExtentOf(*file)),
+      : CorrectionModel({ModelKind::Network, false, true, false, true}, korvel::ExtentOf(*file)),
         file_(std::move(file)) {}
 
   bool Find(double north, double east, Vector3d& correction) const override {
@@ -118,16 +118,6 @@ class NetworkModel : public CorrectionModel {
   }
 
  private:
-  static ModelExtent ExtentOf(const LmvTriadFile& file) {
-    korvel::ValueRange north;
-    korvel::ValueRange east;
-    for (const auto& point : file.GetPoints()) {
-      north.Add(point.y);
-      east.Add(point.x);
-    }
-    return {north.least, north.most, east.least, east.most};
-  }
-
   std::unique_ptr<const LmvTriadFile> file_;
 };
 
@@ -167,6 +157,16 @@ std::string ModelKindGroup(ModelKind kind) { return EntryOf(kind).group; }
 
 bool ModelExtent::Contains(double north, double east) const {
   return north >= northMin && north <= northMax && east >= eastMin && east <= eastMax;
+}
+
+ModelExtent ExtentOf(const LmvTriadFile& network) {
+  ValueRange north;
+  ValueRange east;
+  for (const auto& point : network.GetPoints()) {
+    north.Add(point.y);
+    east.Add(point.x);
+  }
+  return {north.least, north.most, east.least, east.most};
 }
 
 std::unique_ptr<LmvTriadFile> OpenTriad(const std::string& path) {

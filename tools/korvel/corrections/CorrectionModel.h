@@ -40,6 +40,9 @@ struct ModelExtent {
 /// @throws InputError if it isn't one, or is damaged
 std::unique_ptr<LmvTriadFile> OpenTriad(const std::string& path);
 
+/// The rectangle around the points of a network.
+ModelExtent ExtentOf(const LmvTriadFile& network);
+
 /// A model file that can be asked for corrections. Coordinates are metres, or latitude and
 /// longitude in radians.
 class CorrectionModel {

@@ -7,12 +7,6 @@
 #include "tools/korvel/NumberFormat.h"
 #include "tools/korvel/corrections/CorrectionModel.h"
 
-namespace {
-
-constexpr std::size_t kNamesShown = 20;
-
-}  // namespace
-
 namespace korvel {
 
 CorrectionQuery::CorrectionQuery(const CorrectionModel& model, const ModelUnits& units,
@@ -46,13 +40,13 @@ CorrectedPoint CorrectionQuery::Correct(const QueryPoint& point) const {
           IsKnown(point.height) ? point.height + step.z : kUndefined};
 }
 
-void PrintUncorrected(const std::vector<std::string>& names, std::size_t count) {
+void PrintUncorrected(const std::vector<std::string>& names, std::size_t count, std::size_t shown) {
   if (names.empty()) return;
   std::string text = CountText(names.size(), "point") + " of " + std::to_string(count) +
                      (names.size() == 1 ? " has" : " have") + " no correction:";
-  for (std::size_t i = 0; i < std::min(names.size(), kNamesShown); ++i)
+  for (std::size_t i = 0; i < std::min(names.size(), shown); ++i)
     text += (i ? ", " : " ") + names[i];
-  PrintError(names.size() > kNamesShown ? text + ", ..." : text);
+  PrintError(names.size() > shown ? text + ", ..." : text);
 }
 
 }  // namespace korvel

@@ -6,6 +6,7 @@
 #include "tools/korvel/corrections/ConvertVerb.h"
 #include "tools/korvel/corrections/CorrectVerb.h"
 #include "tools/korvel/corrections/ExpandVerb.h"
+#include "tools/korvel/corrections/FieldPlotVerb.h"
 #include "tools/korvel/corrections/ModelInfoVerb.h"
 #include "tools/korvel/corrections/QueryVerb.h"
 #include "tools/korvel/corrections/SectionVerb.h"
@@ -29,6 +30,7 @@ void korvel::AddCorrectionVerbs(CLI::App& app, VerbRun& run) {
   AddBuildVerb(grid, run);
   AddExpandVerb(grid, run);
   AddConvertVerb(grid, run);
+  AddFieldPlotVerb(grid, run);
   CLI::App& geoid = AddGroup(app, "geoid", "ask a grid of geoid heights");
   AddQueryVerb(geoid, run, ModelKind::GeoidGrid);
   CLI::App& triad = AddGroup(app, "triad", "look into and ask triangulated networks");

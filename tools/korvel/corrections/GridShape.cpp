@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 #include "korvelfile/corrections/CcgFile.h"
@@ -37,8 +38,11 @@ GridShape ShapeOf(const GrdFile& file, const std::string& path) {
 }
 
 bool IsUsable(const GridShape& shape) {
+  const double numbers[] = {shape.northMax, shape.eastMin, shape.northSpacing, shape.eastSpacing};
   return shape.rows > 0 && shape.columns > 0 && shape.values > 0 && shape.northSpacing > 0.0 &&
-         shape.eastSpacing > 0.0 && std::isfinite(shape.northMax) && std::isfinite(shape.eastMin);
+         shape.eastSpacing > 0.0 &&
+         std::all_of(std::begin(numbers), std::end(numbers),
+                     [](double n) { return std::isfinite(n); });
 }
 
 GridShape ReadShape(const std::string& path) {

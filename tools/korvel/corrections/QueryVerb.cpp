@@ -23,6 +23,8 @@ using korvel::ModelKind;
 using korvel::ModelUnits;
 using korvel::QueryPoint;
 
+constexpr std::size_t kNamesShown = 20;  // the rows tell all of them
+
 struct QueryOptions {
   ModelKind kind{};
   std::string model;
@@ -75,7 +77,7 @@ int RunQueryVerb(const QueryOptions& options) {
   }
   progress.End();
   writer->End();
-  korvel::PrintUncorrected(uncorrected, points.size());
+  korvel::PrintUncorrected(uncorrected, points.size(), kNamesShown);
   return uncorrected.empty() ? korvel::kDone : korvel::kComputationFailed;
 }
 
