@@ -34,13 +34,22 @@ bool HoldsItsNodes(const CcgFileInfo& grid) {
 // False for grids so far apart that nearly all of what holds both would be empty.
 bool IsInProportion(const CcgFileInfo& widened, const CcgFileInfo& old, const CcgFileInfo& grid) {
   constexpr std::uint64_t kMostOfTheNodes = 64;
-  constexpr std::uint64_t kFewBytes = std::uint64_t{64} << 20U;
+  constexpr std::uint64_t kFewBytes = std::uint64_t{16} << 20U;
   return SizeOfNodes(widened) <=
          std::max(kMostOfTheNodes * (SizeOfNodes(old) + SizeOfNodes(grid)), kFewBytes);
 }
 
 bool HasPositions(const CcgFileInfo& grid) {
   return NodePosition(grid, grid.rows - 1, grid.columns - 1) >= 0;
+}
+
+// False if a reader would take the file for another raster than it is written for.
+bool IsReadable(const CcgFileInfo& header) {
+  CcgFileInfo read = header;
+  read.DeriveRowsAndColumns();
+  return header.formatVersion <= kCcgVersion && read.rows == header.rows &&
+         read.columns == header.columns && HasPositions(header) &&
+         CcgWindow(header, header).IsInside();
 }
 
 bool Open(std::ofstream& out, const std::string& path, std::ios::openmode mode) {
@@ -72,11 +81,8 @@ GeoStatus CcgFile::Create(const CcgInputGrid& grid) {
   CcgFileInfo header = grid;
   const bool hasVersion = header.formatVersion != 0 || header.dataOffset != 0;
   SetCcgVersion(header, hasVersion ? header.formatVersion : kCcgVersion);
-  const bool fits = CcgWindow(header, grid).IsInside() && HasPositions(header);
   std::ofstream out;
-  if (header.formatVersion > kCcgVersion || !fits || !Open(out, header.fileName, kCreate)) {
-    return GeoFileError;
-  }
+  if (!IsReadable(header) || !Open(out, header.fileName, kCreate)) return GeoFileError;
   DropCache();
   info_ = header;
   return Result(WriteHeader(out) && WriteData(out, grid) && Close(out));
@@ -103,7 +109,7 @@ GeoStatus CcgFile::Expand(const CcgInputGrid& grid) {
   CopyNodes(old, merged);
   CopyNodes(grid, merged);
   std::ofstream out;
-  if (!Open(out, info_.fileName, kKeepContent)) return GeoFileError;
+  if (merged.residuals.empty() || !Open(out, info_.fileName, kKeepContent)) return GeoFileError;
   info_ = widened;
   return Result(WriteHeader(out) && WriteAllData(out, merged) && Close(out));
 }
