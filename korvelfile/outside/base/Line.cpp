@@ -2,10 +2,25 @@
 
 #include <cmath>
 
+#include "korvelfile/outside/base/Circle.h"
 #include "korvelfile/outside/base/PolarVector.h"
 
 Line::Line(const Vector& start, double direction, double length)
     : Line(start, start + PolarVector(length, direction).GetVector()) {}
+
+// From the foot of the centre half the chord each way.
+bool Line::GetIntersection(const Circle& circle, Vector& first, Vector& second) const {
+  const double length = GetLength();
+  const Vector foot = GetFoot(circle.GetCenter());
+  const double radius = std::fabs(circle.GetRadius());
+  const double distance = foot.GetDistance(circle.GetCenter());
+  const double half = std::sqrt((radius - distance) * (radius + distance));
+  const Vector along = GetVector() * (half / length);
+  if (!std::isfinite(along.x) || !std::isfinite(along.y)) return false;
+  first = foot - along;
+  second = foot + along;
+  return true;
+}
 
 double Line::GetShare(const Vector& point) const {
   const Vector along = GetVector();

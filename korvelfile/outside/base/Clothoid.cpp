@@ -1,0 +1,71 @@
+#include "korvelfile/outside/base/Clothoid.h"
+
+#include <algorithm>
+#include <cmath>
+#include <complex>
+
+#include "korvelfile/outside/base/internal/ClothoidFoot.h"
+#include "korvelfile/outside/base/internal/ClothoidIntegral.h"
+
+namespace {
+
+double Curvature(double radius) { return radius == 0.0 ? 0.0 : 1.0 / radius; }
+
+}  // namespace
+
+void Clothoid::SetWithParameter(const Vector& start, double direction, double parameter,
+                                double startRadius, double endRadius) {
+  Set(start, direction, parameter * parameter, Curvature(startRadius), Curvature(endRadius));
+}
+
+void Clothoid::SetWithLength(const Vector& start, double direction, double length,
+                             double startRadius, double endRadius) {
+  const double from = Curvature(startRadius);
+  const double to = Curvature(endRadius);
+  Set(start, direction, length / std::fabs(to - from), from, to);
+}
+
+void Clothoid::Set(const Vector& start, double direction, double parameterSquare,
+                   double startCurvature, double endCurvature) {
+  *this = {};
+  start_ = start;
+  direction_ = direction;
+  const double change = endCurvature - startCurvature;
+  const double length = parameterSquare * std::fabs(change);
+  const double rate = std::copysign(1.0 / parameterSquare, change);
+  const bool isFinite = std::isfinite(start.x) && std::isfinite(start.y) &&
+                        std::isfinite(direction) && std::isfinite(length) && std::isfinite(rate);
+  if (!isFinite || !(length > 0.0) || rate == 0.0) return;
+  parameter_ = std::sqrt(parameterSquare);
+  length_ = length;
+  curvature_ = startCurvature;
+  rate_ = rate;
+}
+
+Vector Clothoid::GetPlace(double length) const {
+  // The integral turns left for a positive curvature, the curve right.
+  const std::complex<double> place =
+      std::polar(1.0, direction_) * std::conj(clothoid::Integrate(curvature_, rate_, length));
+  return {place.real(), place.imag()};
+}
+
+Vector Clothoid::TangentPoint(double* direction, double* second, double length) const {
+  const double turn = length * (curvature_ + 0.5 * rate_ * length);
+  const Vector point = rate_ == 0.0 ? start_ : start_ + GetPlace(length);
+  const bool isFinite = std::isfinite(turn) && std::isfinite(point.x) && std::isfinite(point.y);
+  if (direction) *direction = isFinite ? direction_ - turn : direction_;
+  if (second) *second = isFinite ? curvature_ + rate_ * length : curvature_;
+  return isFinite ? point : start_;
+}
+
+bool Clothoid::OrthoOut(const Vector& point, Vector& result, double) const {
+  if (rate_ == 0.0) return false;
+  const Vector from = point - start_;
+  // Mirrored, so that right is left as in the integral.
+  const std::complex<double> seen =
+      std::conj(std::complex<double>(from.x, from.y) * std::polar(1.0, -direction_));
+  const auto foot = clothoid::FindFoot(curvature_, rate_, length_, seen);
+  if (!foot) return false;
+  result = {foot->length, foot->left};
+  return true;
+}

@@ -1,0 +1,3 @@
+#include "korvelfile/outside/base/GeometryInterface.h"
+
+GeometryInterface::~GeometryInterface() = default;
