@@ -96,8 +96,10 @@ Complex Long(double k, double c, double s) {
   const double z1 = k * a;
   const double z2 = (k + c * s) * a;
   Complex sum = SignedTail(z1) - Unit(s * (k + 0.5 * c * s)) * SignedTail(z2);
-  if (z1 < 0.0 && z2 >= 0.0) sum += Unit(-0.5 * z1 * z1) * kRootTwoPiI;
-  if (z1 >= 0.0 && z2 < 0.0) sum -= Unit(-0.5 * z1 * z1) * kRootTwoPiI;
+  // The angle at the start is worked out without the root, which costs digits.
+  const auto between = [&] { return Unit(-0.5 * k * k / c) * kRootTwoPiI; };
+  if (z1 < 0.0 && z2 >= 0.0) sum += between();
+  if (z1 >= 0.0 && z2 < 0.0) sum -= between();
   return a * sum;
 }
 
