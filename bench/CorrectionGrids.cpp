@@ -7,6 +7,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -17,7 +18,9 @@
 #include <unistd.h>
 
 #include "korvelfile/corrections/CcgFile.h"
+#include "korvelfile/corrections/GrdFile.h"
 #include "korvelfile/outside/base/Text.h"
+#include "korvelfile/outside/base/Types.h"
 #include "support/Ratio.h"
 
 namespace fs = std::filesystem;
@@ -78,6 +81,28 @@ CcgFile MakeFile(const std::string& path, InterpolationTypes method,
   return file;
 }
 
+// The same heights as a `.grd` file of plain coordinates; 2000 columns need no padding.
+std::string WriteHeights(const std::string& path, const std::vector<float>& nodes) {
+  constexpr std::size_t kHeaderSize = 64;
+  constexpr double kExtent = (kLines - 1) * kSpacing;
+  std::string bytes(kHeaderSize + nodes.size() * sizeof(float), '\0');
+  auto* out = reinterpret_cast<unsigned char*>(bytes.data());
+  _Types::UInt32ToLittleEndianBytes(GrdFile::kPlainMagic, out);
+  out += sizeof(std::uint32_t);
+  for (const double number :
+       {kNorth - kExtent, kNorth, kEast, kEast + kExtent, kSpacing, kSpacing}) {
+    _Types::DoubleToLittleEndianBytes(number, out);
+    out += sizeof number;
+  }
+  out = reinterpret_cast<unsigned char*>(bytes.data()) + kHeaderSize;
+  for (const float node : nodes) {
+    _Types::FloatToLittleEndianBytes(node, out);
+    out += sizeof node;
+  }
+  std::ofstream(path, std::ios::binary) << bytes;
+  return path;
+}
+
 // A file of zeros that takes no room on the disk.
 CcgFile MakeBigFile(const std::string& path) {
   constexpr int kNorthMinPlace = 34;
@@ -124,6 +149,15 @@ double Sum(const CcgFile& file, const Points& points) {
   Vector3d correction;
   for (const Point& p : points) {
     if (model.GetCorrections(p.north, p.east, correction)) sum += correction.z;
+  }
+  return sum;
+}
+
+double Sum(GrdFile& file, const Points& points) {
+  double sum = 0.0;
+  double height = 0.0;
+  for (const Point& p : points) {
+    if (file.GetHeight(p.east, p.north, &height)) sum += height;
   }
   return sum;
 }
@@ -200,9 +234,9 @@ double FloorSum(const Floor& floor, const Points& points, double rim, Value valu
 }
 
 // Compares one kind of query, once the floor and the library agree on what comes out.
-template <class Value>
-void Compare(const char* what, double bar, const CcgFile& file, const Points& points,
-             const Floor& floor, double rim, Value value) {
+template <class File, class Value>
+void Compare(const char* what, double bar, File& file, const Points& points, const Floor& floor,
+             double rim, Value value) {
   const double difference = Sum(file, points) - FloorSum(floor, points, rim, value);
   if (!(std::fabs(difference) < 1e-6))
     std::printf("%s: floor and file differ by %g\n", what, difference);
@@ -211,8 +245,8 @@ void Compare(const char* what, double bar, const CcgFile& file, const Points& po
       [&] { Keep(Sum(file, points)); });
 }
 
-void PrintMemory(const char* what, const CcgFile& file, const Points& track,
-                 const Points& scattered) {
+template <class File>
+void PrintMemory(const char* what, File& file, const Points& track, const Points& scattered) {
   const double before = ResidentBytes();
   Keep(Sum(file, track));
   Keep(Sum(file, scattered));
@@ -240,6 +274,18 @@ int main() {
     Compare("bilinear, 1,000,000 points along a track", kTrackBar, plain, tracks[0], floor, 0.0,
             bilinear);
     Compare("bilinear, 1,000,000 random points", kRandomBar, plain, scatters[0], floor, 0.0,
+            bilinear);
+  }
+  {
+    GrdFile heights;
+    heights.OpenFile(WriteHeights(folder.Path("heights.grd"), nodes).c_str());
+    usleep(100000);
+    const Points track = Track(kLines);
+    const Points scattered = Scattered(kLines);
+    PrintMemory("memory, 2000 x 2000 heights", heights, track, scattered);
+    Compare("heights, 1,000,000 points along a track", kTrackBar, heights, track, floor, 0.0,
+            bilinear);
+    Compare("heights, 1,000,000 random points", kRandomBar, heights, scattered, floor, 0.0,
             bilinear);
   }
   const CcgFile cubic = MakeFile(folder.Path("bicubic.ccg"), Bicubic, nodes, kLines);
