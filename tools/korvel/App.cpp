@@ -53,7 +53,8 @@ int Guarded(const korvel::VerbRun& run) {
 }  // namespace
 
 int korvel::RunApp(int argc, char** argv) {
-  CLI::App app("Free stations, new points and a look into the files of land survey.", "korvel");
+  CLI::App app("Free stations, new points, corrections and a look into the files of land survey.",
+               "korvel");
   app.set_version_flag("--version", VersionText(), "print the versions of program and libraries");
   app.footer("korvel VERB --help tells more of each.");
   app.get_formatter()->label("SUBCOMMAND", "VERB");

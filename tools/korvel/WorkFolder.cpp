@@ -35,6 +35,8 @@ std::string WorkFolder::Link(const std::string& source, const std::string& name)
 
 void WorkFolder::MoveToTarget(const std::string& name) const {
   std::error_code error;
+  if (fs::exists(target_, error) && !fs::is_regular_file(target_, error))
+    throw InputError(target_ + ": can't be written: is no regular file");
   fs::rename(Path(name), target_, error);
   if (error) throw InputError(target_ + ": can't be written: " + error.message());
 }

@@ -90,7 +90,7 @@ void CheckCount(const GridShape& shape, const std::string& source) {
 ValueRange HeightsOf(const GridShape& shape) {
   ValueRange heights;
   VisitRows(shape, [&](int, const std::vector<float>& values) {
-    for (const float value : values) heights.Add(korvel::DecimalOf(value));
+    for (const float value : values) heights.Add(static_cast<double>(value));
   });
   return heights;
 }
@@ -100,11 +100,11 @@ std::string RangeText(const ValueRange& heights) {
          korvel::NumberText(heights.most, 3) + " m";
 }
 
-void CheckHeights(const ValueRange& heights, const ConvertOptions& options) {
-  if (heights.count == 0) throw InputError(options.source + ": holds no height");
+void CheckHeights(const ValueRange& heights, bool isGeoid, const std::string& source) {
+  if (heights.count == 0) throw InputError(source + ": holds no height");
   if (std::max(-heights.least, heights.most) < kHighestGeoid) return;
-  const std::string fault = options.source + ": " + RangeText(heights) + " are none of a geoid";
-  if (options.magic == GrdFile::kGeographicMagic) throw InputError(fault);
+  const std::string fault = source + ": " + RangeText(heights) + " are none of a geoid";
+  if (isGeoid) throw InputError(fault);
   korvel::PrintError(fault);
 }
 
@@ -117,6 +117,8 @@ std::string TargetOf(const ConvertOptions& options) {
 
 int RunConvertVerb(const ConvertOptions& options) {
   const std::string target = TargetOf(options);
+  if (IsByn(options.source) && options.magic != GrdFile::kGeographicMagic)
+    throw InputError(options.source + ": a BYN file has degrees; --magic is for text");
   if (korvel::IsSameFile(target, options.source))
     throw InputError(target + ": is the source, which is not overwritten");
   korvel::RequireReadable(options.source);
@@ -126,7 +128,7 @@ int RunConvertVerb(const ConvertOptions& options) {
   CheckLimits(shape, options.source);
   CheckCount(shape, options.source);
   const ValueRange heights = HeightsOf(shape);
-  CheckHeights(heights, options);
+  CheckHeights(heights, shape.isGeographic, options.source);
   folder.MoveToTarget("source.grd");
   std::cout << korvel::Printable(target) << ": " << shape.rows << " x " << shape.columns << ' '
             << RangeText(heights);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "korvelfile/outside/base/Angles.h"
 #include "korvelfile/outside/base/Undefined.h"
 #include "tools/korvel/InputError.h"
 #include "tools/korvel/NumberFormat.h"
@@ -18,7 +19,10 @@ CorrectionQuery::CorrectionQuery(const CorrectionModel& model, const ModelUnits&
 
 std::string CorrectionQuery::Fault(double north, double east) const {
   if (!IsKnown(north) || !IsKnown(east)) return "no coordinates";
-  return model_.GetExtent().Contains(north, east) ? "no value there" : "outside";
+  const ModelExtent& extent = model_.GetExtent();
+  const bool isInside = extent.Contains(north, east) ||
+                        (units_.IsGeographic() && extent.Contains(north, east + kTwoPi));
+  return isInside ? "no value there" : "outside";
 }
 
 CorrectedPoint CorrectionQuery::Correct(const QueryPoint& point) const {

@@ -56,8 +56,9 @@ class NodeStatistics {
     for (std::size_t i = 0; i < names.size(); ++i) {
       const bool isPlane = shape_.isPlaneFirst && i < 2;
       const auto number = [&](double value) {
+        const double decimal = korvel::DecimalOf(static_cast<float>(value));
         return count_ == 0 ? Json(nullptr)
-                           : korvel::JsonNumber(isPlane ? units.FromModel(value) : value);
+                           : korvel::JsonNumber(isPlane ? units.FromModel(decimal) : decimal);
       };
       summary[names[i]] = {{"min", number(ranges_[i].least)}, {"max", number(ranges_[i].most)}};
     }
@@ -70,7 +71,7 @@ class NodeStatistics {
       if (std::any_of(node, end, [](float v) { return std::isnan(v); })) continue;
       ++count_;
       for (std::size_t i = 0; i < ranges_.size(); ++i)
-        ranges_[i].Add(korvel::DecimalOf(node[static_cast<std::ptrdiff_t>(i)]));
+        ranges_[i].Add(static_cast<double>(node[static_cast<std::ptrdiff_t>(i)]));
     }
   }
 

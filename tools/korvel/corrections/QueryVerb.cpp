@@ -124,6 +124,7 @@ void korvel::AddQueryVerb(CLI::App& group, VerbRun& run, ModelKind kind) {
                 kind == ModelKind::GeoidGrid ? "from heights above the geoid to ellipsoidal ones"
                                              : "take corrections off again");
   AddResultFormat(verb, options.format);
-  AddAnglesOption(verb, options.angles, "unit of latitude and longitude");
+  if (kind != ModelKind::Network)
+    AddAnglesOption(verb, options.angles, "unit of latitude and longitude");
   verb.add_flag("-v,--verbose", options.verbose, "show the messages of the library");
 }
