@@ -71,8 +71,9 @@ class KORVELFILE_EXPORT CcgFile : public CoordinateCorrectionModelInterface {
   /// @return `GeoSuccess`; `GeoGridMismatch`, with the file untouched, if `grid` has another
   ///   spacing, or other types than a file to be widened, or nodes of another size than the file;
   ///   `GeoFileError` if the file can't be read or written. That includes, with the file untouched,
-  ///   a `grid` whose residuals aren't those of its rows and columns, a file beyond 2 GiB, a file
-  ///   much shorter than its header tells and a widened one out of all proportion.
+  ///   a `grid` without a value or whose residuals aren't those of its rows and columns, a file
+  ///   beyond 2 GiB, a file much shorter than its header tells and a widened one out of all
+  ///   proportion.
   GeoStatus CreateOrUpdateFile(const CcgInputGrid& grid);
 
   /// The approximate corrections of the header, for the application to use and to change.

@@ -71,7 +71,8 @@ GeoStatus Result(bool success) { return success ? GeoSuccess : GeoFileError; }
 }  // namespace
 
 GeoStatus CcgFile::CreateOrUpdateFile(const CcgInputGrid& grid) {
-  if (CountOfFloats(grid) != grid.residuals.size()) return GeoFileError;
+  // Without a single value there is nothing to write, however many rows the grid has.
+  if (grid.residuals.empty() || CountOfFloats(grid) != grid.residuals.size()) return GeoFileError;
   if (!_FileIO::Exists(grid.fileName)) return Create(grid);
   if (!ReadHeader(grid.fileName)) return GeoFileError;
   return info_.CanUpdateWithoutExpansionWith(grid) ? Update(grid) : Expand(grid);
@@ -109,7 +110,7 @@ GeoStatus CcgFile::Expand(const CcgInputGrid& grid) {
   CopyNodes(old, merged);
   CopyNodes(grid, merged);
   std::ofstream out;
-  if (merged.residuals.empty() || !Open(out, info_.fileName, kKeepContent)) return GeoFileError;
+  if (!Open(out, info_.fileName, kKeepContent)) return GeoFileError;
   info_ = widened;
   return Result(WriteHeader(out) && WriteAllData(out, merged) && Close(out));
 }

@@ -130,7 +130,9 @@ TEST_F(CcgFileTest, WhatDoesNotFitLeavesTheFileAlone) {
   std::filesystem::remove(path_);
   grids[3] = GoldenGrid(0.0);
   grids[3].formatVersion = 6;
-  EXPECT_EQ(file_.CreateOrUpdateFile(grids[3]), GeoFileError);
+  grids[4] = CcgInputGrid(CcgFileInfo(0.0, 0.0, 1.0, 1.0, 2000000000, 1));  // of no type
+  grids[4].fileName = path_;
+  for (const std::size_t i : {3U, 4U}) EXPECT_EQ(file_.CreateOrUpdateFile(grids[i]), GeoFileError);
   EXPECT_FALSE(std::filesystem::exists(path_));
   const FileSizeLimit fullDisk(120);
   EXPECT_EQ(file_.CreateOrUpdateFile(GoldenGrid(0.0)), GeoFileError);
