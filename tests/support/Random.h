@@ -3,6 +3,7 @@
 #pragma once
 
 #include <bit>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <random>
@@ -21,6 +22,11 @@ class PrintedRandom {
 
   /// 0 to `limit` - 1.
   std::size_t Below(std::size_t limit) { return static_cast<std::size_t>(engine_() % limit); }
+
+  /// Uniform in [lower, upper), the same with every standard library.
+  double Between(double lower, double upper) {
+    return lower + (upper - lower) * std::ldexp(static_cast<double>(engine_() >> 11U), -53);
+  }
 
   /// Any `double`: each exponent is as likely as the others, infinities and NaN are among them.
   double AnyDouble() { return std::bit_cast<double>(Bits()); }

@@ -11,26 +11,31 @@ namespace {
 
 double Curvature(double radius) { return radius == 0.0 ? 0.0 : 1.0 / radius; }
 
+// End less start; of two radii by their difference, which near radii leave more digits.
+double CurvatureChange(double startRadius, double endRadius) {
+  if (startRadius == 0.0 || endRadius == 0.0) return Curvature(endRadius) - Curvature(startRadius);
+  return (startRadius - endRadius) / startRadius / endRadius;
+}
+
 }  // namespace
 
 void Clothoid::SetWithParameter(const Vector& start, double direction, double parameter,
                                 double startRadius, double endRadius) {
-  Set(start, direction, parameter * parameter, Curvature(startRadius), Curvature(endRadius));
+  Set(start, direction, parameter * parameter, Curvature(startRadius),
+      CurvatureChange(startRadius, endRadius));
 }
 
 void Clothoid::SetWithLength(const Vector& start, double direction, double length,
                              double startRadius, double endRadius) {
-  const double from = Curvature(startRadius);
-  const double to = Curvature(endRadius);
-  Set(start, direction, length / std::fabs(to - from), from, to);
+  const double change = CurvatureChange(startRadius, endRadius);
+  Set(start, direction, length / std::fabs(change), Curvature(startRadius), change);
 }
 
 void Clothoid::Set(const Vector& start, double direction, double parameterSquare,
-                   double startCurvature, double endCurvature) {
+                   double startCurvature, double change) {
   *this = {};
   start_ = start;
   direction_ = direction;
-  const double change = endCurvature - startCurvature;
   const double length = parameterSquare * std::fabs(change);
   const double rate = std::copysign(1.0 / parameterSquare, change);
   const bool isFinite = std::isfinite(start.x) && std::isfinite(start.y) &&

@@ -49,7 +49,7 @@ class KORVELBASE_EXPORT Clothoid {
   /// the nearest, or, where an end of the curve is nearer, the first such place beyond that end.
   ///
   /// The foot is found to 1e-10 m, but for points within that of a centre of curvature. On a curve
-  /// of more than some hundred turns it may be another foot than the nearest.
+  /// of more than a hundred turns it may be another foot than the nearest.
   ///
   /// @param result     becomes (length from the start at the foot, distance from it, positive to
   ///                   the right)
@@ -58,9 +58,9 @@ class KORVELBASE_EXPORT Clothoid {
   bool OrthoOut(const Vector& point, Vector& result, double tolerance) const;
 
  private:
-  // Takes curvatures instead of radii; a point if that makes no clothoid.
+  // Takes the curvature at the start and its change to the end; a point if that makes no clothoid.
   void Set(const Vector& start, double direction, double parameterSquare, double startCurvature,
-           double endCurvature);
+           double change);
 
   // Point less start.
   Vector GetPlace(double length) const;

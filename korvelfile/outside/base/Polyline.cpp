@@ -9,6 +9,7 @@
 #include "korvelfile/outside/base/CircleArc.h"
 #include "korvelfile/outside/base/Intersection.h"
 #include "korvelfile/outside/base/Line.h"
+#include "korvelfile/outside/base/PolarVector.h"
 
 namespace {
 
@@ -39,7 +40,8 @@ std::optional<Piece> GetPiece(const GeometryInterface* geometry) {
     const double direction = line->GetDirection();
     return Piece{line->GetStart(), line->GetEnd(), 0.0, direction, direction, line->GetLength()};
   }
-  if (const auto* arc = dynamic_cast<const CircleArc*>(geometry)) {
+  const auto* arc = dynamic_cast<const CircleArc*>(geometry);
+  if (arc && arc->GetRadius() != 0.0) {
     return Piece{arc->GetStartPoint(), arc->GetEndPoint(),   arc->GetRadius(),
                  arc->GetBearing(),    arc->GetEndBearing(), arc->GetLength()};
   }
@@ -86,30 +88,31 @@ Crossings Cross(const Piece& a, const Piece& b) {
   return found;
 }
 
-// Moves an end of a piece along it to `place`; the tangents turn with it.
+// How far `to` lies beyond `from`, both on the piece or on what it would be lengthened to.
+double WayAlong(const Piece& piece, const Vector& from, const Vector& to) {
+  if (piece.radius == 0.0)
+    return (to - from).GetScalarProduct(PolarVector(1.0, piece.direction).GetVector());
+  const Vector center = piece.GetCircle().GetCenter();
+  const double turn = center.GetDirection(to) - center.GetDirection(from);
+  return -piece.radius * std::remainder(turn, kTwoPi);
+}
+
+double TurnOver(const Piece& piece, double way) {
+  return piece.radius == 0.0 ? 0.0 : -way / piece.radius;
+}
+
+// Moves an end of a piece along it to `place`; the tangent turns with it.
 void MoveStart(Piece& piece, const Vector& place) {
-  if (piece.radius != 0.0) {
-    const Vector center = piece.GetCircle().GetCenter();
-    const double turn =
-        std::remainder(center.GetDirection(place) - center.GetDirection(piece.start), kTwoPi);
-    piece.direction += turn;
-    piece.length += turn * piece.radius;
-  } else {
-    piece.length -= piece.GetChord().OrthoOut(place).x;
-  }
+  const double way = WayAlong(piece, piece.start, place);
+  piece.direction += TurnOver(piece, way);
+  piece.length -= way;
   piece.start = place;
 }
 
 void MoveEnd(Piece& piece, const Vector& place) {
-  if (piece.radius != 0.0) {
-    const Vector center = piece.GetCircle().GetCenter();
-    const double turn =
-        std::remainder(center.GetDirection(place) - center.GetDirection(piece.end), kTwoPi);
-    piece.endDirection += turn;
-    piece.length -= turn * piece.radius;
-  } else {
-    piece.length = piece.GetChord().OrthoOut(place).x;
-  }
+  const double way = WayAlong(piece, piece.end, place);
+  piece.endDirection += TurnOver(piece, way);
+  piece.length += way;
   piece.end = place;
 }
 
@@ -146,6 +149,7 @@ Geometry Finish(const Piece& piece) {
 std::vector<Geometry> Build(const std::vector<Geometry>& list, double distance, bool& ok) {
   std::vector<Piece> pieces;
   ok = false;
+  if (!std::isfinite(distance)) return {};
   for (const Geometry& geometry : list) {
     auto piece = GetPiece(geometry.get());
     if (!piece || !(piece->length > kSamePoint)) return {};

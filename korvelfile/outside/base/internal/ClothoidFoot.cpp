@@ -17,8 +17,8 @@ using Found = std::optional<Sight>;
 
 // Turn per step, radians: two feet don't hide in one.
 constexpr double kStepTurn = kPi / 8.0;
-// Steps over a curve at most, of about 250 turns, and beyond an end.
-constexpr double kMaxSteps = 4000.0;
+// Steps over a curve at most, of about 100 turns, and beyond an end.
+constexpr double kMaxSteps = 1600.0;
 constexpr int kMaxStepsBeyond = 100;
 // A Newton step that is short enough to end with, metres, and how many there may be.
 constexpr double kAccuracy = 1e-11;
@@ -56,17 +56,20 @@ class FootSearch {
     return {s, seen.real(), seen.imag()};
   }
 
-  // Looks for the foot near `here` if neither neighbour is nearer to the point; at an end of the
-  // curve, `here` is its own neighbour.
+  // Takes the foot near `here` if neither neighbour is nearer to the point, and the foot is nearer
+  // than the best so far. At an end of the curve `here` is its own neighbour; a foot beyond it
+  // counts as far as the end.
   void Consider(const Sight& before, const Sight& here, const Sight& next) {
     const double distance = Distance(here);
     if (!(distance <= Distance(before) && distance <= Distance(next))) return;
-    if (best_ && !(distance < nearest_)) return;
     const Sight& other = here.ahead > 0.0 ? next : before;
-    const Found foot = other.length == here.length ? Beyond(here) : Between(here, other);
+    const bool isBeyond = other.length == here.length;
+    const Found foot = isBeyond ? Beyond(here) : Between(here, other);
     if (!foot) return;
+    const double found = isBeyond ? distance : Distance(*foot);
+    if (best_ && !(found < nearest_)) return;
     best_ = foot;
-    nearest_ = distance;
+    nearest_ = found;
   }
 
   Found Beyond(Sight end) const {
