@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -25,6 +26,8 @@ using korvel::ModelUnits;
 using korvel::Residual;
 
 constexpr double kSnapShare = 1e-3;  // of the spacing
+constexpr double kManyNodes = 1e6;
+constexpr double kMostGaps = 100.0;  // nodes for each residual
 
 constexpr const char* kHelp =
     "Without --scattered each residual lies at a node: the first row and column are those of the\n"
@@ -87,6 +90,15 @@ Extent GivenExtent(const BuildOptions& options, const ModelUnits& units) {
   return {units.ToModel(e[0]), units.ToModel(e[1]), units.ToModel(e[2]), units.ToModel(e[3])};
 }
 
+// One wrong digit of a coordinate can make a grid of almost nothing but gaps.
+void RequireProportion(const BuildOptions& options, double nodes, std::size_t residuals) {
+  if (options.scattered || !options.extent.empty() || nodes <= kManyNodes ||
+      nodes <= kMostGaps * static_cast<double>(residuals))
+    return;
+  throw InputError(options.residuals +
+                   ": lie at less than one node of a hundred; --extent says that this is meant");
+}
+
 CcgInputGrid EmptyGrid(const BuildOptions& options, const std::vector<Residual>& residuals,
                        CcgFileInfo info) {
   const ModelUnits units(info.IsLatLongType(), options.angles);
@@ -100,6 +112,7 @@ CcgInputGrid EmptyGrid(const BuildOptions& options, const std::vector<Residual>&
   const double rows = std::round((extent.north - extent.south) / info.northSpacing) + 1.0;
   const double columns = std::round((extent.east - extent.west) / info.eastSpacing) + 1.0;
   korvel::RequireRoom(options.out, rows, columns, info.GetNumberOfValues());
+  RequireProportion(options, rows * columns, residuals.size());
   CcgFileInfo raster(extent.north, extent.west, info.northSpacing, info.eastSpacing,
                      static_cast<int>(rows), static_cast<int>(columns));
   raster.correctionType = info.correctionType;

@@ -21,7 +21,7 @@ constexpr const char* kName = "grid.ccg";
 std::string StatusText(GeoStatus status) {
   return status == GeoGridMismatch
              ? "the new grid has another correction type, interpolation or spacing than the file"
-             : "the file can't be read or written, is damaged, or would grow beyond 2 GiB";
+             : "the file can't be read or written, is damaged, or would grow out of proportion";
 }
 
 void CopyInto(const korvel::WorkFolder& folder, const std::string& path) {

@@ -96,6 +96,7 @@ TEST_F(GridBuilding, WhatIsWrong) {
       {"g.ccg", "1,1,1\n1,1,2\n", "--type z --spacing 1", "r.csv:2: lies at the same node as"},
       {"g.ccg", "1,1,9999\n", "--type z --spacing 1", "r.csv:1: a grid can't hold"},
       {"g.ccg", "1,1,1\n9e9,9e9,2\n", "--type z --spacing 1", "beyond 2 GiB"},
+      {"g.ccg", "1,1,1\n2001,2001,2\n", "--type z --spacing 1", "less than one node of a hundred"},
       {"g.ccg", "1,1,1\n5,5,2\n", "--type z --spacing 1 --extent 0,2,0,2", "outside of the grid"},
       {"g.ccg", "1,1,1\n", "--type z --spacing 1 --scattered", "needs --radius"},
       {"g.ccg", "1,1,1\n", "--type z --spacing 0", "is not above 0"},
