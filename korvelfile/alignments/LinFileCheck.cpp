@@ -108,6 +108,7 @@ class ClothoidFit {
     pair.parameter = clothoid_.GetParameter();
     for (int pass = 1; p.GetDistance(target_) > kReachLimit; ++pass) {
       clothoid_.SetWithLength(start_, angle_, pair.length, first_.GetRadius(), first_.GetERadius());
+      if (clothoid_.CalcArcLength() == 0.0) return TLinCtrl::kCannotBeReached;
       TurnTowardsTarget(p);
       pair.parameter = clothoid_.GetParameter();
       SetWithParameter(pair.parameter);
