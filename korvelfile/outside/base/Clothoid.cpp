@@ -1,6 +1,5 @@
 #include "korvelfile/outside/base/Clothoid.h"
 
-#include <algorithm>
 #include <cmath>
 #include <complex>
 
@@ -43,15 +42,16 @@ void Clothoid::Set(const Vector& start, double direction, double parameterSquare
   if (!isFinite || !(length > 0.0) || rate == 0.0) return;
   parameter_ = std::sqrt(parameterSquare);
   length_ = length;
+  along_ = {std::cos(direction), std::sin(direction)};
   curvature_ = startCurvature;
   rate_ = rate;
 }
 
+// The integral turns left for a positive curvature, the curve right.
 Vector Clothoid::GetPlace(double length) const {
-  // The integral turns left for a positive curvature, the curve right.
-  const std::complex<double> place =
-      std::polar(1.0, direction_) * std::conj(clothoid::Integrate(curvature_, rate_, length));
-  return {place.real(), place.imag()};
+  const std::complex<double> mirrored = clothoid::Integrate(curvature_, rate_, length);
+  const Vector across(along_.y, -along_.x);
+  return along_ * mirrored.real() + across * mirrored.imag();
 }
 
 Vector Clothoid::TangentPoint(double* direction, double* second, double length) const {
@@ -67,8 +67,7 @@ bool Clothoid::OrthoOut(const Vector& point, Vector& result, double) const {
   if (rate_ == 0.0) return false;
   const Vector from = point - start_;
   // Mirrored, so that right is left as in the integral.
-  const std::complex<double> seen =
-      std::conj(std::complex<double>(from.x, from.y) * std::polar(1.0, -direction_));
+  const std::complex<double> seen(along_.GetScalarProduct(from), from.GetCrossProduct(along_));
   const auto foot = clothoid::FindFoot(curvature_, rate_, length_, seen);
   if (!foot) return false;
   result = {foot->length, foot->left};

@@ -66,6 +66,7 @@ class KORVELBASE_EXPORT Clothoid {
   Vector GetPlace(double length) const;
 
   Vector start_;
+  Vector along_{1.0, 0.0};  // unit vector of the start direction
   double direction_ = 0.0;
   double parameter_ = 0.0;
   double length_ = 0.0;
