@@ -4,6 +4,8 @@
 #include <cmath>
 #include <span>
 
+#include "korvelfile/corrections/internal/CornerLists.h"
+#include "korvelfile/corrections/internal/Prefetch.h"
 #include "korvelfile/corrections/internal/TriangleIndex.h"
 #include "korvelfile/corrections/internal/TriangleLinks.h"
 #include "korvelfile/outside/base/Angles.h"
@@ -15,6 +17,11 @@ namespace {
 constexpr int kNeighbourDepth = 5;
 
 bool IsShare(double value) { return value >= 0.0 && value <= 1.0; }
+
+// Positive if `a`, `b`, `c` run clockwise.
+double SignedArea(const Vector& a, const Vector& b, const Vector& c) {
+  return ((c.x - a.x) * b.y + (b.x - c.x) * a.y + (a.x - b.x) * c.y) * 0.5;
+}
 
 // Some of `positions`, evenly spread over them.
 std::vector<Vector> Sample(const std::vector<Vector>& positions) {
@@ -94,41 +101,34 @@ V Generic2DTin<P, T, L, V>::FindHeight(const P& a, const Vector& p, const P& b) 
   return a.value + a.GetDistance(p) / a.GetDistance(b) * (b.value - a.value);
 }
 
-// Triangles come in any order: their corners are looked up among positions that lie close together,
-// which is twice as fast as among the points.
+// Triangles come in any order, so their corners are fetched from memory ahead, and from positions
+// that lie closer together than the points.
 template <class P, class T, class L, class V>
 bool Generic2DTin<P, T, L, V>::set_triangles() {
-  link_points_to_triangles();
   const std::vector<Vector> positions(points_.begin(), points_.end());
+  const auto at = [&positions](int point) -> const Vector& {
+    return positions[static_cast<std::size_t>(point)];
+  };
   *index_ = TriangleIndex(Sample(positions), triangles_.size());
-  for (T& triangle : triangles_) {
-    auto& [first, second, third] = triangle.vertex;
-    const Vector& a = positions[static_cast<std::size_t>(first)];
-    const Vector& b = positions[static_cast<std::size_t>(second)];
-    const Vector& c = positions[static_cast<std::size_t>(third)];
-    const double area = ((c.x - a.x) * b.y + (b.x - c.x) * a.y + (a.x - b.x) * c.y) * 0.5;
-    const bool isCounterClockwise = area < 0.0;
-    if (isCounterClockwise) std::swap(first, second);
-    index_->Add(isCounterClockwise ? b : a, isCounterClockwise ? a : b, c);
+  for (std::size_t t = 0; t < triangles_.size(); ++t) {
+    if (t + kPrefetchDistance < triangles_.size())
+      for (const int point : triangles_[t + kPrefetchDistance].vertex) Prefetch(&at(point));
+    auto& [a, b, c] = triangles_[t].vertex;
+    if (SignedArea(at(a), at(b), at(c)) < 0.0) std::swap(a, b);
+    index_->Add(at(a), at(b), at(c));
   }
   index_->Close();
-  return link_triangles();
+  const CornerLists corners(triangles_, points_.size());
+  link_points_to_triangles(corners);
+  return TriangleLinks<T>(triangles_, corners, points_.size()).Link();
 }
 
 template <class P, class T, class L, class V>
-bool Generic2DTin<P, T, L, V>::link_triangles() {
-  return TriangleLinks<T>(triangles_, points_.size()).Link();
-}
-
-template <class P, class T, class L, class V>
-void Generic2DTin<P, T, L, V>::link_points_to_triangles() {
-  std::vector<int> last(points_.size(), T::kNone);
-  for (std::size_t t = 0; t < triangles_.size(); ++t)
-    for (const int vertex : triangles_[t].vertex)
-      last[static_cast<std::size_t>(vertex)] = static_cast<int>(t);
-  for (std::size_t i = 0; i < points_.size(); ++i) {
-    points_[i].linked = last[i] >= 0;
-    points_[i].triangle = std::max(last[i], 0);
+void Generic2DTin<P, T, L, V>::link_points_to_triangles(const CornerLists& corners) {
+  for (std::size_t p = 0; p < points_.size(); ++p) {
+    const std::span<const Corner> own = corners.At(p);
+    points_[p].linked = !own.empty();
+    points_[p].triangle = own.empty() ? 0 : own.back().Triangle();
   }
 }
 
@@ -181,13 +181,11 @@ int Generic2DTin<P, T, L, V>::LocateTriangle(const Vector& p) const {
 
   int found = T::kNone;
   int count = 0;
-  for (const std::span<const int> candidates : {index_->At(p), index_->Everywhere()}) {
-    for (const int candidate : candidates) {
-      if (!IsInside(p, candidate)) continue;
-      found = count == 0 ? candidate : std::min(found, candidate);
-      ++count;
-    }
-  }
+  index_->ForEachAt(p, [&](int candidate) {
+    if (!IsInside(p, candidate)) return;
+    found = count == 0 ? candidate : std::min(found, candidate);
+    ++count;
+  });
   if (count > 1 && hasLast) {
     const int near = PointInsideNeighbourTriangle(p, *last, T::kNone, kNeighbourDepth);
     if (near >= 0) found = near;

@@ -10,6 +10,7 @@
 #include "korvelfile/outside/base/FloatVector.h"
 #include "korvelfile/outside/base/Vector.h"
 
+class CornerLists;
 class TriangleIndex;
 
 /// Triangulated irregular network in the plane: finds the triangle under a point and draws
@@ -102,8 +103,7 @@ class Generic2DTin {
  private:
   struct Section;
 
-  bool link_triangles();
-  void link_points_to_triangles();
+  void link_points_to_triangles(const CornerLists& corners);
 
   bool IsInside(const Vector& p, int triangle) const;
   int* LastTriangle() const;

@@ -1,14 +1,13 @@
 #include "korvelfile/corrections/internal/TriangleIndex.h"
 
-#include <algorithm>
-#include <array>
 #include <bit>
 #include <cmath>
 #include <limits>
 #include <utility>
 
-// A uniform grid of cells, each with the triangles whose bounding box, somewhat widened, meets it.
-// Trees of boxes were rejected: a network's triangles are much alike, and a cell is one access.
+// Grids of square cells, one for each size of triangles, each triangle in one cell; its bounding
+// box, somewhat widened, stands with it. A single grid with a triangle in every cell that it meets
+// was rejected: it takes longer to fill, and long triangles fill too much of it.
 //
 // How much wider? Let w and h be the extents of the triangle, D twice its area, q = w h / |D| and
 // u = 2^-53. The test takes differences of coordinates, sums of two products of them, and quotients
@@ -27,115 +26,107 @@ constexpr double kWidening = 1.0 / 1024.0;                        // parts of w 
 constexpr double kSmallestProduct = 1e-200;
 constexpr double kLargestProduct = 1e200;
 
-constexpr double kTrianglesPerCell = 4.0;
-constexpr std::size_t kEntriesPerTriangle = 8;
+constexpr double kLastStep = std::numeric_limits<std::uint16_t>::max();
+constexpr std::size_t kTrianglesPerCell = 2;
 
-// Extents that hold most of `values`, so that one stray corner doesn't spoil the cells.
-std::pair<double, double> MainExtent(std::vector<double> values) {
-  std::erase_if(values, [](double value) { return !std::isfinite(value); });
+struct Extent {
+  double low;
+  double high;
+
+  double Length() const { return high - low; }
+};
+
+// By instructions that don't branch, unlike those of a list.
+std::pair<double, double> MinMax(double a, double b, double c) {
+  return {std::min(std::min(a, b), c), std::max(std::max(a, b), c)};
+}
+
+// What holds most of the sample along an axis, so that one stray corner doesn't spoil the cells.
+Extent MainExtent(const std::vector<Vector>& sample, double Vector::*axis) {
+  std::vector<double> values;
+  for (const Vector& v : sample)
+    if (std::isfinite(v.*axis)) values.push_back(v.*axis);
   if (values.empty()) return {0.0, 0.0};
   std::sort(values.begin(), values.end());
   const std::size_t stray = values.size() / 64;
-  const double low = values[stray];
-  const double high = values[values.size() - 1 - stray];
-  const double margin = (high - low) / 16.0;
-  return {std::max(low - margin, values.front()), std::min(high + margin, values.back())};
+  const Extent inner{values[stray], values[values.size() - 1 - stray]};
+  const double margin = inner.Length() / 16.0;
+  return {inner.low - margin, inner.high + margin};
 }
 
 }  // namespace
 
-CellAxis::CellAxis(double low, double high, int count) : low_(low) {
-  const double factor = static_cast<double>(count) / (high - low);
-  if (count < 2 || !(factor > 0.0) || !std::isfinite(factor)) return;
+StepAxis::StepAxis(double low, double high, double length) : low_(low) {
+  const double factor = 1.0 / length;
+  if (!(factor > 0.0) || !std::isfinite(factor) || !std::isfinite(low)) return;
   factor_ = factor;
-  last_ = static_cast<double>(count - 1);
+  last_ = std::floor(std::min((high - low) * factor, kLastStep));
 }
 
-TriangleIndex::TriangleIndex(std::vector<Vector> sample, std::size_t triangles) {
-  std::vector<double> values(sample.size());
-  const auto extentOf = [&](double Vector::*axis) {
-    std::transform(sample.begin(), sample.end(), values.begin(),
-                   [axis](const Vector& v) { return v.*axis; });
-    return MainExtent(values);
-  };
-  const auto [left, right] = extentOf(&Vector::x);
-  const auto [lower, upper] = extentOf(&Vector::y);
-
-  const double cells = static_cast<double>(triangles) / kTrianglesPerCell;
-  const double shape = (right - left) / (upper - lower);
-  if (!(cells >= 1.0) || !(shape > 0.0) || !std::isfinite(shape)) return;
-  const double columns = std::clamp(std::sqrt(cells * shape), 1.0, cells);
-  columns_ = CellAxis(left, right, static_cast<int>(columns));
-  rows_ = CellAxis(lower, upper, static_cast<int>(cells / columns));
+TriangleIndex::TriangleIndex(const std::vector<Vector>& sample, std::size_t triangles) {
+  const Extent x = MainExtent(sample, &Vector::x);
+  const Extent y = MainExtent(sample, &Vector::y);
+  const double length = std::max(x.Length(), y.Length()) / kLastStep;
+  columns_ = StepAxis(x.low, x.high, length);
+  rows_ = StepAxis(y.low, y.high, length);
+  AddLevels(triangles / kTrianglesPerCell + 1);
   added_.reserve(triangles);
 }
 
-void TriangleIndex::Add(const Vector& a, const Vector& b, const Vector& c) {
-  Cells& cells = added_.emplace_back();
-  const double area = std::fabs((a.y - c.y) * (c.x - b.x) + (a.x - c.x) * (b.y - c.y));
-  if (area == 0.0 || std::isnan(area)) return;
+// The first level has at most `cells`, and so all of them about as many.
+void TriangleIndex::AddLevels(std::size_t cells) {
+  const auto count = [](const StepAxis& axis, int shift) {
+    return std::size_t{axis.Last()} / (std::size_t{1} << shift) + 1;
+  };
+  std::size_t end = 0;
+  for (int shift = 0; shift <= StepAxis::kBits; ++shift) {
+    const std::size_t columns = count(columns_, shift);
+    const std::size_t size = columns * count(rows_, shift);
+    if (shift < StepAxis::kBits && size > cells) continue;
+    levels_.push_back({shift, columns, end, end + size});
+    end += size;
+  }
+  starts_.assign(end + 1, 0);
+}
 
-  const auto [left, right] = std::minmax({a.x, b.x, c.x});
-  const auto [lower, upper] = std::minmax({a.y, b.y, c.y});
+TriangleIndex::Box TriangleIndex::BoxOf(const Vector& a, const Vector& b, const Vector& c) const {
+  const double area = std::fabs((a.y - c.y) * (c.x - b.x) + (a.x - c.x) * (b.y - c.y));
+  if (area == 0.0 || std::isnan(area)) return {1, 0, 1, 0};
+
+  const auto [left, right] = MinMax(a.x, b.x, c.x);
+  const auto [lower, upper] = MinMax(a.y, b.y, c.y);
   const double w = right - left;
   const double h = upper - lower;
   const bool isRegular =
       w * h <= kLargestSlenderness * area && w * h >= kSmallestProduct && w * h <= kLargestProduct;
-  const Vector margin(w * kWidening, h * kWidening);
-  if (!isRegular || !Fits(Vector(left, lower) - margin, Vector(right, upper) + margin, cells))
-    everywhere_.push_back(static_cast<int>(added_.size() - 1));
+  if (!isRegular) return {0, columns_.Last(), 0, rows_.Last()};
+  return {columns_.Step(left - w * kWidening), columns_.Step(right + w * kWidening),
+          rows_.Step(lower - h * kWidening), rows_.Step(upper + h * kWidening)};
 }
 
-// False if the cells from `low` to `high` are too many.
-bool TriangleIndex::Fits(const Vector& low, const Vector& high, Cells& cells) const {
-  const int column = columns_.Cell(low.x);
-  const int row = rows_.Cell(low.y);
-  const int columns = columns_.Cell(high.x) - column + 1;
-  const int rows = rows_.Cell(high.y) - row + 1;
-  if (std::max(columns, rows) > std::numeric_limits<std::uint16_t>::max()) return false;
-  cells = {static_cast<std::uint32_t>(CellOf(column, row)), static_cast<std::uint16_t>(columns),
-           static_cast<std::uint16_t>(rows)};
-  return true;
+std::size_t TriangleIndex::CellOf(const Box& box) const {
+  const auto size =
+      static_cast<std::uint16_t>(std::max(box.right - box.left, box.upper - box.lower));
+  const int level = std::max(static_cast<int>(std::bit_width(size)) - levels_.front().shift, 0);
+  return levels_[static_cast<std::size_t>(level)].Cell(box.left, box.lower);
 }
 
-// Makes those triangles candidates everywhere that reach into too many cells.
-void TriangleIndex::SetLargeAside() {
-  std::array<std::size_t, 33> entries{};  // by bit length of the size
-  for (const Cells& cells : added_)
-    entries[static_cast<std::size_t>(std::bit_width(cells.Size()))] += cells.Size();
-  std::size_t room = kEntriesPerTriangle * added_.size();
-  int bits = 0;
-  while (bits < 33 && entries[static_cast<std::size_t>(bits)] <= room)
-    room -= entries[static_cast<std::size_t>(bits++)];
-  if (bits == 33) return;
-
-  for (std::size_t t = 0; t < added_.size(); ++t) {
-    if (std::bit_width(added_[t].Size()) < bits) continue;
-    everywhere_.push_back(static_cast<int>(t));
-    added_[t].rows = 0;
-  }
-  std::sort(everywhere_.begin(), everywhere_.end());
-}
-
-template <class Use>
-void TriangleIndex::ForEachCell(const Cells& cells, Use use) const {
-  std::size_t row = cells.first;
-  for (int i = 0; i < cells.rows; ++i, row += static_cast<std::size_t>(columns_.Count()))
-    for (std::size_t cell = row; cell < row + cells.columns; ++cell) use(cell);
+void TriangleIndex::Add(const Vector& a, const Vector& b, const Vector& c) {
+  added_.push_back(BoxOf(a, b, c));
 }
 
 void TriangleIndex::Close() {
-  SetLargeAside();
-  starts_.assign(CellOf(0, rows_.Count()) + 1, 0);
-  for (const Cells& cells : added_)
-    ForEachCell(cells, [this](std::size_t cell) { ++starts_[cell]; });
-  std::size_t end = 0;
-  for (std::size_t& start : starts_) start = end += start;
+  for (const Box& box : added_)
+    if (!box.IsEmpty()) ++starts_[CellOf(box)];
+  std::uint32_t end = 0;
+  for (std::uint32_t& start : starts_) start = end += start;
   // Filled from the back, each end becomes a start.
-  triangles_.resize(end);
+  entries_ = std::make_unique_for_overwrite<Entry[]>(end);
   for (std::size_t t = added_.size(); t-- > 0;) {
-    ForEachCell(added_[t],
-                [&](std::size_t cell) { triangles_[--starts_[cell]] = static_cast<int>(t); });
+    if (added_[t].IsEmpty()) continue;
+    entries_[--starts_[CellOf(added_[t])]] = {static_cast<int>(t), added_[t]};
   }
   added_ = {};
+  std::erase_if(levels_,
+                [this](const Level& level) { return starts_[level.begin] == starts_[level.end]; });
 }

@@ -1,29 +1,30 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <span>
+#include <memory>
 #include <vector>
 
 #include "korvelfile/outside/base/Vector.h"
 
-/// Part of one axis of the plane, divided into equal cells; what lies beyond counts to the
-/// outermost.
-class CellAxis {
+/// One axis of the plane in steps of equal length; what lies beyond counts to the first or last.
+class StepAxis {
  public:
-  CellAxis() = default;  ///< One cell.
+  static constexpr int kBits = 16;  ///< that hold the number of a step
 
-  /// `count` cells from `low` to `high`.
-  CellAxis(double low, double high, int count);
+  StepAxis() = default;  ///< One step.
 
-  /// The cell of `value`. Never falls where `value` grows; 0 for NaN.
-  int Cell(double value) const {
-    const double cell = (value - low_) * factor_;
-    if (!(cell > 0.0)) return 0;
-    return cell < last_ ? static_cast<int>(cell) : static_cast<int>(last_);
+  /// Steps of `length` from `low`, the last one with `high`.
+  StepAxis(double low, double high, double length);
+
+  /// The step with `value`. Never falls where `value` grows; 0 for NaN.
+  std::uint16_t Step(double value) const {
+    return static_cast<std::uint16_t>(std::min(std::max(0.0, (value - low_) * factor_), last_));
   }
 
-  int Count() const { return static_cast<int>(last_) + 1; }
+  /// Number of the last step.
+  std::uint16_t Last() const { return static_cast<std::uint16_t>(last_); }
 
  private:
   double low_ = 0.0;
@@ -40,8 +41,8 @@ class TriangleIndex {
   /// Of no triangles.
   TriangleIndex() = default;
 
-  /// For `triangles` triangles whose corners lie as those in `sample`.
-  TriangleIndex(std::vector<Vector> sample, std::size_t triangles);
+  /// For `triangles` triangles whose corners lie about as those in `sample`.
+  TriangleIndex(const std::vector<Vector>& sample, std::size_t triangles);
 
   /// Adds the triangle with the next number, from 0.
   void Add(const Vector& a, const Vector& b, const Vector& c);
@@ -49,39 +50,67 @@ class TriangleIndex {
   /// Ends the adding.
   void Close();
 
-  /// Candidates at `p`, in ascending order.
-  std::span<const int> At(const Vector& p) const {
-    const std::size_t cell = CellOf(columns_.Cell(p.x), rows_.Cell(p.y));
-    return {triangles_.data() + starts_[cell], starts_[cell + 1] - starts_[cell]};
+  /// Hands the number of each candidate at `p` to `use`.
+  template <class Use>
+  void ForEachAt(const Vector& p, Use use) const {
+    const std::uint16_t x = columns_.Step(p.x);
+    const std::uint16_t y = rows_.Step(p.y);
+    for (const Level& level : levels_) {
+      const std::size_t cell = level.Cell(x, y);
+      const bool hasLeft = x >> level.shift > 0;
+      const bool hasLower = y >> level.shift > 0;
+      if (hasLower) ForEachIn(cell - level.columns - hasLeft, cell - level.columns, x, y, use);
+      ForEachIn(cell - hasLeft, cell, x, y, use);
+    }
   }
-
-  /// Candidates at any point, beside `At`, in ascending order.
-  std::span<const int> Everywhere() const { return everywhere_; }
 
  private:
-  // The cells that a triangle may reach into; no row if they are to be no candidates there.
-  struct Cells {
-    std::uint32_t first = 0;
-    std::uint16_t columns = 0;
-    std::uint16_t rows = 0;
+  // Extent of a triangle in steps, ends included; nothing at all if the ends are crossed over.
+  struct Box {
+    std::uint16_t left;
+    std::uint16_t right;
+    std::uint16_t lower;
+    std::uint16_t upper;
 
-    std::size_t Size() const { return std::size_t{columns} * rows; }
+    bool Holds(std::uint16_t x, std::uint16_t y) const {
+      return left <= x && x <= right && lower <= y && y <= upper;
+    }
+    bool IsEmpty() const { return left > right; }
   };
 
-  std::size_t CellOf(int column, int row) const {
-    return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_.Count()) +
-           static_cast<std::size_t>(column);
-  }
-  bool Fits(const Vector& low, const Vector& high, Cells& cells) const;
-  void SetLargeAside();
-  template <class Use>
-  void ForEachCell(const Cells& cells, Use use) const;
+  struct Entry {
+    int triangle;
+    Box box;
+  };
 
-  CellAxis columns_;
-  CellAxis rows_;
-  std::vector<Cells> added_;
-  int count_ = 0;                             // of triangles added
-  std::vector<std::size_t> starts_ = {0, 0};  // of the cells' candidates, and the last end
-  std::vector<int> triangles_;
-  std::vector<int> everywhere_;
+  // Square cells of 2^shift steps. A cell lists the triangles whose lower left corner it holds,
+  // none of them longer than a cell: they end in the next cell at the farthest.
+  struct Level {
+    int shift;
+    std::size_t columns;
+    std::size_t begin;  // its first cell
+    std::size_t end;
+
+    std::size_t Cell(std::uint16_t x, std::uint16_t y) const {
+      return begin + (std::size_t{y} >> shift) * columns + (std::size_t{x} >> shift);
+    }
+  };
+
+  template <class Use>
+  void ForEachIn(std::size_t firstCell, std::size_t lastCell, std::uint16_t x, std::uint16_t y,
+                 Use& use) const {
+    for (std::size_t e = starts_[firstCell]; e < starts_[lastCell + 1]; ++e)
+      if (entries_[e].box.Holds(x, y)) use(entries_[e].triangle);
+  }
+
+  Box BoxOf(const Vector& a, const Vector& b, const Vector& c) const;
+  std::size_t CellOf(const Box& box) const;
+  void AddLevels(std::size_t cells);
+
+  StepAxis columns_;
+  StepAxis rows_;
+  std::vector<Level> levels_;          // from the smallest cells to one that is everything
+  std::vector<Box> added_;             // by triangle
+  std::vector<std::uint32_t> starts_;  // of the cells' entries, and the last end
+  std::unique_ptr<Entry[]> entries_;
 };
