@@ -4,7 +4,7 @@
 
 #include "korvelfile/Export.h"
 #include "korvelfile/coordinates/CooData.h"
-#include "korvelfile/data/ThrowableErrorCode.h"
+#include "korvelfile/outside/base/ThrowableErrorCode.h"
 
 /// How a read moves a cursor.
 enum KeeperMode : int {

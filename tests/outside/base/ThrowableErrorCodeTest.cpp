@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "korvelfile/data/ThrowableErrorCode.h"
+#include "korvelfile/outside/base/ThrowableErrorCode.h"
 
 namespace {
 
