@@ -31,11 +31,14 @@ bool MoveFromLimit(double& value, double limit, double inner) {
   return true;
 }
 
-// Number of the cell that `distance` from the first node lies in. A distance within the grid can
-// come out at the last node when it is divided by the spacing.
-std::int32_t CellOf(double distance, double spacing, std::int32_t nodes) {
-  const double cell = std::min(distance / spacing, nodes - 2.0);
-  return static_cast<std::int32_t>(cell);
+// Finds the cell that `distance` from the first node lies in; false where a grid is smaller than
+// the step that moved the position inside. A distance within the grid can come out at the last node
+// when it is divided by the spacing.
+bool FindCell(double distance, double spacing, std::int32_t nodes, std::int32_t& cell) {
+  const double exact = distance / spacing;
+  if (!(exact >= 0.0)) return false;
+  cell = static_cast<std::int32_t>(std::min(exact, nodes - 2.0));
+  return true;
 }
 
 }  // namespace
@@ -122,9 +125,10 @@ bool GrdFile::GetHeight(double east, double north, double* height) {
   if (rows_ < 2 || columns_ < 2 || !MoveInside(position)) return false;
   const double fromNorth = northLimit_ - position.north;
   const double fromWest = position.east - westLimit_;
-  const std::int32_t i = CellOf(fromNorth, rowSpacing_, rows_);
-  const std::int32_t j = CellOf(fromWest, columnSpacing_, columns_);
-  if (!ReadCell(i, j)) return false;
+  std::int32_t i = 0;
+  std::int32_t j = 0;
+  if (!FindCell(fromNorth, rowSpacing_, rows_, i)) return false;
+  if (!FindCell(fromWest, columnSpacing_, columns_, j) || !ReadCell(i, j)) return false;
 
   const auto& [NE, NW, SE, SW] = corners_;
   for (const double corner : corners_)

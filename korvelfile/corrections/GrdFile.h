@@ -103,7 +103,6 @@ class KORVELFILE_EXPORT GrdFile {
   };
 
   bool MoveInside(Position& position) const;
-  bool FindCell(const Position& position, std::int32_t& row, std::int32_t& column) const;
   bool ReadCell(std::int32_t row, std::int32_t column);
   void ForgetCell();
 

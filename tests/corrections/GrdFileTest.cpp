@@ -189,6 +189,8 @@ TEST_F(GrdFileTest, HeadersThatLieAnswerNothing) {
     ASSERT_TRUE(Open(Bytes(header) + std::string(2000, '\0')));
     EXPECT_TRUE(std::isnan(At(5.0, 5.0))) << &header - cases;
   }
+  ASSERT_TRUE(Open(Grid({778, 0.0, 20.0, 5.0, 5.0 + 1e-11, 10.0, 1e-12}, 3, 11)));
+  EXPECT_TRUE(std::isnan(At(5.0 + 1e-11, 5.0))) << "narrower than the tolerance";
   EXPECT_FALSE(Open(Grid({779, 0.0, 20.0, 0.0, 20.0, 10.0, 10.0}, 3, 3))) << "another magic";
   const std::string whole = Grid({778, 0.0, 20.0, 0.0, 20.0, 10.0, 10.0}, 3, 3);
   for (std::size_t size = 0; size < whole.size() - 13 * 4; ++size) {
