@@ -173,7 +173,7 @@ bool LmvTriadFile::GetCorrections(double north, double east, Vector3d& correctio
   const int triangle = LocateTriangle(p);
   if (triangle < 0) return false;
   const FloatVector value = ValueIn(Triangle(static_cast<std::size_t>(triangle)), p);
-  if (std::isnan(value.x) || std::isnan(value.y)) return false;
+  if (!std::isfinite(value.x) || !std::isfinite(value.y)) return false;
   corrections = Vector3d(static_cast<double>(value.y), static_cast<double>(value.x), 0.0);
   return true;
 }

@@ -23,7 +23,8 @@ class KORVELFILE_EXPORT LmvTriadFile : public FloatVectorTin,
   /// Reads the network of the file `name`, in place of the one before.
   ///
   /// @return false, with an empty network, if the file can't be read, isn't a triad file, ends
-  ///   before its last record, or has triangles with points that it doesn't hold
+  ///   before its last record, has triangles with points that it doesn't hold, or so many triangles
+  ///   at the same points that they are no network
   bool OpenFile(const std::wstring& name) override;
 
   /// Nothing: the file is closed already, and the network stays.
@@ -34,7 +35,7 @@ class KORVELFILE_EXPORT LmvTriadFile : public FloatVectorTin,
   ///
   /// The extents of the file aren't looked at.
   /// @param corrections x to north, y to east, z = 0; unchanged if the result is false
-  /// @return false in no triangle, and where a number is NaN
+  /// @return false in no triangle, where a number is NaN, and where the correction isn't finite
   bool GetCorrections(double north, double east, Vector3d& corrections) const override;
 
   /// The correction that leads to a corrected place, by up to 10 passes until it fits to 0.0001.
