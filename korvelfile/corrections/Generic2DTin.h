@@ -73,7 +73,8 @@ class Generic2DTin {
 
   /// Turns all triangles clockwise, tells each point a triangle and each triangle its neighbours.
   ///
-  /// Vertices must be below the number of points. A network in the plane takes linear time.
+  /// Vertices must be below the number of points, and triangles fewer than 2^30. A network in the
+  /// plane takes linear time.
   /// @return false, without neighbours, for triangles that are no network: so many of them share
   ///   corners and edges that comparing them would take out of all proportion
   bool set_triangles();
