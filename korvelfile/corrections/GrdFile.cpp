@@ -135,6 +135,8 @@ bool GrdFile::GetHeight(double east, double north, double* height) {
     if (!std::isfinite(corner) || corner >= kNoValue) return false;
   const double t = 1.0 - (fromNorth - i * rowSpacing_) / rowSpacing_;
   const double u = (fromWest - j * columnSpacing_) / columnSpacing_;
-  *height = SW + (NW - SW) * t + (SE - SW) * u + (SW - SE - NW + NE) * t * u;
+  const double found = SW + (NW - SW) * t + (SE - SW) * u + (SW - SE - NW + NE) * t * u;
+  if (!std::isfinite(found)) return false;  // limits and spacings without sense can make that
+  *height = found;
   return true;
 }
