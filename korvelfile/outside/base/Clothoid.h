@@ -49,7 +49,7 @@ class KORVELBASE_EXPORT Clothoid {
   /// the nearest, or, where an end of the curve is nearer, the first such place beyond that end.
   ///
   /// The foot is found to 1e-10 m, but for points within that of a centre of curvature. On a curve
-  /// of more than a hundred turns it may be another foot than the nearest.
+  /// of more than thirty turns it may be another foot than the nearest.
   ///
   /// @param result     becomes (length from the start at the foot, distance from it, positive to
   ///                   the right)

@@ -17,8 +17,8 @@ using Found = std::optional<Sight>;
 
 // Turn per step, radians: two feet don't hide in one.
 constexpr double kStepTurn = kPi / 8.0;
-// Steps over a curve at most, of about 100 turns, and beyond an end.
-constexpr double kMaxSteps = 1600.0;
+// Steps over a curve at most, of 30 turns, and beyond an end.
+constexpr double kMaxSteps = 480.0;
 constexpr int kMaxStepsBeyond = 100;
 // A Newton step that is short enough to end with, metres, and how many there may be.
 constexpr double kAccuracy = 1e-11;
