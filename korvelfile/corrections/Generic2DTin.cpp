@@ -23,12 +23,13 @@ double SignedArea(const Vector& a, const Vector& b, const Vector& c) {
   return ((c.x - a.x) * b.y + (b.x - c.x) * a.y + (a.x - b.x) * c.y) * 0.5;
 }
 
-// Some of `positions`, evenly spread over them.
-std::vector<Vector> Sample(const std::vector<Vector>& positions) {
+// Some of `points`, evenly spread over them.
+template <class P>
+std::vector<Vector> Sample(const std::vector<P>& points) {
   constexpr std::size_t kMost = 1024;
   std::vector<Vector> sample;
-  for (std::size_t i = 0; i < positions.size(); i += positions.size() / kMost + 1)
-    sample.push_back(positions[i]);
+  for (std::size_t i = 0; i < points.size(); i += points.size() / kMost + 1)
+    sample.push_back(points[i]);
   return sample;
 }
 
@@ -101,15 +102,13 @@ V Generic2DTin<P, T, L, V>::FindHeight(const P& a, const Vector& p, const P& b) 
   return a.value + a.GetDistance(p) / a.GetDistance(b) * (b.value - a.value);
 }
 
-// Triangles come in any order, so their corners are fetched from memory ahead, and from positions
-// that lie closer together than the points.
+// Triangles come in any order, so their corners are fetched from memory ahead.
 template <class P, class T, class L, class V>
 bool Generic2DTin<P, T, L, V>::set_triangles() {
-  const std::vector<Vector> positions(points_.begin(), points_.end());
-  const auto at = [&positions](int point) -> const Vector& {
-    return positions[static_cast<std::size_t>(point)];
+  const auto at = [this](int point) -> const Vector& {
+    return points_[static_cast<std::size_t>(point)];
   };
-  *index_ = TriangleIndex(Sample(positions), triangles_.size());
+  *index_ = TriangleIndex(Sample(points_), triangles_.size());
   for (std::size_t t = 0; t < triangles_.size(); ++t) {
     if (t + kPrefetchDistance < triangles_.size())
       for (const int point : triangles_[t + kPrefetchDistance].vertex) Prefetch(&at(point));
