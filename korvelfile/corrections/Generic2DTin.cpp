@@ -54,8 +54,6 @@ struct Generic2DTin<P, T, L, V>::Section {
         along(PolarVector(1.0, direction - kHalfPi).GetVector()),
         isReached(triangles) {}
 
-  double Station(const Vector& p) const { return along.GetScalarProduct(p - point); }
-
   // Distance to the left of the line; 0 if `p` lies on it.
   double Offset(const Vector& p) const {
     const double offset = along.GetCrossProduct(p - point);
@@ -68,8 +66,10 @@ struct Generic2DTin<P, T, L, V>::Section {
     pending.push_back(triangle);
   }
 
+  // Passes over what coordinates beyond all bounds come to.
   void Add(const Vector& position, const V& value) {
-    crossings.push_back({Station(position), P(position, value)});
+    const double station = along.GetScalarProduct(position - point);
+    if (std::isfinite(station)) crossings.push_back({station, P(position, value)});
   }
 
   // All crossings from left to right, each place once.
