@@ -9,6 +9,7 @@
 #include "korvelfile/corrections/CcgFile.h"
 #include "korvelfile/corrections/internal/CcgRaster.h"
 #include "korvelfile/corrections/internal/GridReader.h"
+#include "korvelfile/corrections/internal/InverseIteration.h"
 #include "korvelfile/corrections/internal/Truncate.h"
 
 namespace {
@@ -107,19 +108,12 @@ bool CcgFile::GetCorrections(double north, double east, Vector3d& corrections) c
 }
 
 bool CcgFile::GetInverseCorrections(double north, double east, Vector3d& corrections) const {
-  constexpr int kPasses = 10;
   if (info_.correctionType == CorrectionLatLongForward) return false;
-  const double tolerance = GetTolerance();
+  const auto find = [this](double n, double e, Vector3d& correction) {
+    return GetCorrections(n, e, correction);
+  };
   Vector3d found;
-  double n = north;
-  double e = east;
-  for (int pass = 0; pass < kPasses; ++pass) {
-    if (!GetCorrections(n, e, found)) return false;
-    if (tolerance > std::fabs(found.x + n - north) && tolerance > std::fabs(found.y + e - east))
-      break;
-    n = north - found.x;
-    e = east - found.y;
-  }
+  if (!IterateInverse(north, east, GetTolerance(), find, found)) return false;
   if (info_.HasXYComponents()) {
     corrections = found;
   } else {

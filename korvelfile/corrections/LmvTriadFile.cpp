@@ -7,6 +7,7 @@
 #include <limits>
 #include <string_view>
 
+#include "korvelfile/corrections/internal/InverseIteration.h"
 #include "korvelfile/outside/base/Text.h"
 #include "korvelfile/outside/base/Types.h"
 
@@ -198,18 +199,10 @@ FloatVector LmvTriadFile::ValueIn(const TriadTriangle& triangle, const Vector& p
 }
 
 bool LmvTriadFile::GetInverseCorrections(double north, double east, Vector3d& corrections) const {
-  constexpr int kPasses = 10;
-  double n = north;
-  double e = east;
-  for (int pass = 0; pass < kPasses; ++pass) {
-    if (!GetCorrections(n, e, corrections)) return false;
-    if (std::fabs(corrections.x + n - north) < tolerance_ &&
-        std::fabs(corrections.y + e - east) < tolerance_)
-      break;
-    n = north - corrections.x;
-    e = east - corrections.y;
-  }
-  return true;
+  const auto find = [this](double n, double e, Vector3d& found) {
+    return GetCorrections(n, e, found);
+  };
+  return IterateInverse(north, east, tolerance_, find, corrections);
 }
 
 bool LmvTriadFile::CheckLimits(double& north, double& east) const {
