@@ -1,0 +1,3 @@
+#include "korvelfile/coordinates/AssociatedFiles.h"
+
+File::Association::IAssociatedFiles::~IAssociatedFiles() = default;
