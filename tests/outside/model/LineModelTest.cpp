@@ -17,7 +17,7 @@
 #include "korvelfile/outside/base/PolarVector.h"
 #include "korvelfile/outside/base/Undefined.h"
 #include "korvelfile/outside/model/LineException.h"
-#include "korvelfile/outside/model/LineModel.h"
+#include "korvelfile/outside/model/LineFactory.h"
 
 namespace {
 

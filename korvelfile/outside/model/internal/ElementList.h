@@ -14,27 +14,28 @@ namespace Model {
 
 /// The elements of our own line.
 ///
+/// Elements without a length are kept, but have no place of their own: the direction of such a one,
+/// which closes many a line, means nothing.
+///
 /// Asking is safe from any number of threads at once, as long as nobody appends.
-class ElementList : public IHorizontalElementList {
+class ElementList final : public IHorizontalElementList {
  public:
-  /// A gap between two elements that is no longer belongs to the one before it, metres.
-  static constexpr double kGapTolerance = 1e-3;
-
   std::shared_ptr<IHorizontalElement> CreateArc(const Coordinate& start, const Coordinate& end,
                                                 double radius, double startArc) override;
   std::shared_ptr<IHorizontalElement> CreateStraight(const Coordinate& start, const Coordinate& end,
                                                      double startArc) override;
 
-  /// @throws LineException if the element isn't one of our own
+  /// @throws LineException if the element isn't one of our own, or begins before the one before it
   void Append(const std::shared_ptr<IHorizontalElement>& element, bool isKeptAsItIs) override;
 
   std::shared_ptr<IHorizontalElement> ElementAt(double arc) const override;
   int IndexAt(double arc) const override;
   std::shared_ptr<IHorizontalElement> GetElement(int index) const override;
-  int GetElementCount() const override { return static_cast<int>(entries_.size()); }
+  int GetElementCount() const override { return static_cast<int>(elements_.size()); }
 
-  double GetStartArc() const { return entries_.empty() ? 0.0 : entries_.front().startArc; }
-  double GetEndArc() const;
+  double GetStartArc() const;                             ///< 0 without elements.
+  double GetEndArc() const;                               ///< 0 without elements.
+  double GetTotalLength() const { return totalLength_; }  ///< Of all elements.
 
   /// The place at `arc`.
   /// @throws LineException if no element holds it
@@ -48,27 +49,23 @@ class ElementList : public IHorizontalElementList {
   bool FindNearest(const Vector& point, Foot& foot) const;
 
  private:
-  // Where an element follows another one, with the unit vectors of their tangents.
-  struct Corner {
-    Vector end;
-    Vector out;
-    Vector start;
-    Vector in;
-  };
-
-  struct Entry {
-    std::shared_ptr<IHorizontalElement> element;
+  // An element that has a length.
+  struct Piece {
     std::shared_ptr<const Shape> shape;
     double startArc;
-    Corner corner;  ///< to the element before
+    std::size_t index;  // among all elements
   };
 
-  std::size_t FindIndex(double arc) const;
-  const ExtentTree& GetTree() const;
-  Corner CornerTo(const Shape& next) const;
-  static bool FindCorner(const Vector& point, const Entry& entry, Foot& foot);
+  class Nearest;
 
-  std::vector<Entry> entries_;
+  const Piece& PieceAt(double arc) const;
+  void OfferFeet(const Vector& point, std::size_t i, Nearest& nearest) const;
+  bool FindCorner(const Vector& point, std::size_t i, Foot& foot) const;
+  const ExtentTree& GetTree() const;
+
+  std::vector<std::shared_ptr<IHorizontalElement>> elements_;
+  std::vector<Piece> pieces_;
+  double totalLength_ = 0.0;
   mutable std::mutex treeMutex_;  // for making the tree, by the first thread that needs it
   mutable std::unique_ptr<const ExtentTree> ownedTree_;
   mutable std::atomic<const ExtentTree*> tree_{nullptr};

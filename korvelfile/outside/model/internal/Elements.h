@@ -1,3 +1,5 @@
+/// @file
+/// Elements of our own lines: a shape that begins somewhere along a line, behind the interfaces.
 #pragma once
 
 #include <memory>
@@ -20,21 +22,22 @@ class ShapeHolder {
   virtual const std::shared_ptr<const Shape>& GetShape() const = 0;
 };
 
-/// A shape that begins somewhere along a line, behind an interface of elements.
+/// A shape behind an interface of elements.
 template <class Interface>
 class Element : public Interface,
                 public ShapeHolder,
                 public std::enable_shared_from_this<Element<Interface>> {
  public:
   Element(std::shared_ptr<const Shape> shape, double startArc)
-      : shape_(std::move(shape)), startArc_(startArc) {}
+      : shape_(std::move(shape)), startArc_(startArc), end_(shape_->GetEnd().point) {}
+
+  /// Of two given ends: the end comes back as it was given, free from rounding.
+  void SetEndPoint(const Vector& end) { end_ = end; }
 
   double GetStartArc() const override { return startArc_; }
   double GetEndArc() const override { return startArc_ + shape_->GetLength(); }
-  Coordinate GetEndPoint() const override {
-    return ToCoordinate(shape_->PlaceAt(shape_->GetLength()).point);
-  }
-  Coordinate GetStartPoint() const override { return ToCoordinate(shape_->PlaceAt(0.0).point); }
+  Coordinate GetEndPoint() const override { return ToCoordinate(end_); }
+  Coordinate GetStartPoint() const override { return ToCoordinate(shape_->GetStart().point); }
 
   ThrowableErrorCode<bool> Station(const Coordinate& point, LineStation& result) const override {
     Foot foot;
@@ -48,6 +51,7 @@ class Element : public Interface,
  private:
   std::shared_ptr<const Shape> shape_;
   double startArc_;
+  Vector end_;
 };
 
 /// Straight of a line.

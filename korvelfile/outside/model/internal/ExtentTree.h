@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <utility>
+#include <limits>
 #include <vector>
 
 #include "korvelfile/outside/base/Rect.h"
@@ -20,23 +20,25 @@ class ExtentTree {
 
   /// Of things with these extents, numbered from 0.
   explicit ExtentTree(const std::vector<Rect>& extents) : count_(extents.size()) {
-    if (count_ == 0) return;
     nodes_.resize(4 * count_);
-    Build(extents, 1, 0, count_);
+    if (count_ > 0) Build(extents, kRoot, 0, count_);
   }
 
-  /// Calls `visit(number)` for things by and by, near ones first, as long as their extent is no
-  /// farther from `point` than what `visit` gave last: the distance within which others matter.
+  /// Calls `visit(number)` for things by and by, near ones first, as long as the square of the
+  /// distance from `point` to their extent is no more than what `visit` gave last.
   template <class Visit>
-  void ForNear(const Vector& point, double limit, Visit visit) const {
-    if (count_ > 0) Walk(point, 1, 0, count_, limit, visit);
+  void ForNear(const Vector& point, Visit visit) const {
+    double limit = std::numeric_limits<double>::infinity();
+    if (count_ > 0) Walk(point, kRoot, 0, count_, limit, visit);
   }
 
  private:
-  static double Distance(const Rect& r, const Vector& p) {
+  static constexpr std::size_t kRoot = 1;
+
+  static double SquareDistance(const Rect& r, const Vector& p) {
     const double dx = std::max({r.left - p.x, p.x - r.right, 0.0});
     const double dy = std::max({r.bottom - p.y, p.y - r.top, 0.0});
-    return Vector(dx, dy).GetLength();
+    return dx * dx + dy * dy;
   }
 
   void Build(const std::vector<Rect>& extents, std::size_t node, std::size_t begin,
@@ -62,25 +64,21 @@ class ExtentTree {
       return;
     }
     const std::size_t middle = begin + (end - begin) / 2;
-    const double first = Distance(nodes_[2 * node], point);
-    const double second = Distance(nodes_[2 * node + 1], point);
-    const auto walkFirst = [&] {
-      if (first <= limit) Walk(point, 2 * node, begin, middle, limit, visit);
-    };
-    const auto walkSecond = [&] {
-      if (second <= limit) Walk(point, 2 * node + 1, middle, end, limit, visit);
-    };
-    if (first <= second) {
-      walkFirst();
-      walkSecond();
-    } else {
-      walkSecond();
-      walkFirst();
+    const double first = SquareDistance(nodes_[2 * node], point);
+    const double second = SquareDistance(nodes_[2 * node + 1], point);
+    const bool isFirstNearer = first <= second;
+    for (const bool takesFirst : {isFirstNearer, !isFirstNearer}) {
+      if (!((takesFirst ? first : second) <= limit)) return;
+      if (takesFirst) {
+        Walk(point, 2 * node, begin, middle, limit, visit);
+      } else {
+        Walk(point, 2 * node + 1, middle, end, limit, visit);
+      }
     }
   }
 
   std::size_t count_ = 0;
-  std::vector<Rect> nodes_;  ///< the root is 1, the halves of n are 2 n and 2 n + 1
+  std::vector<Rect> nodes_;  // the halves of n are 2 n and 2 n + 1
 };
 
 }  // namespace Model

@@ -13,14 +13,15 @@ class HeightProfile {
  public:
   HeightProfile() = default;  ///< Of the height 0 everywhere.
 
-  /// The elements of `profile`, by ascending chainage.
+  /// The elements of `profile`, in any order.
+  /// @throws LineException if a chainage is not finite
   explicit HeightProfile(const IProfileFileProxy& profile);
 
   /// Height at a chainage.
   ///
   /// Between the end of an element and the start of the next one, on the straight between them.
-  /// @return the undefined number before the first and behind the last element, and where a curve
-  ///   is steeper than vertical
+  /// @return the undefined number more than 1 mm before the first and behind the last element, and
+  ///   where a curve would be steeper than vertical
   double HeightAt(double chainage) const;
 
  private:

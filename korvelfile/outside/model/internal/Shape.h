@@ -1,6 +1,5 @@
 #pragma once
 
-#include "korvelfile/outside/base/Clothoid.h"
 #include "korvelfile/outside/base/Rect.h"
 #include "korvelfile/outside/base/Vector.h"
 
@@ -18,6 +17,12 @@ struct Foot {
   double offset = 0.0;  ///< positive to the right
 };
 
+/// End of a shape.
+struct ShapeEnd {
+  Vector point;
+  Vector along;  ///< unit vector of the tangent
+};
+
 /// Geometry of an element of a line: a straight or a curve from a start over a length.
 ///
 /// Immutable, so that any number of threads may ask at once.
@@ -31,8 +36,10 @@ class Shape {
   Shape(const Shape&) = delete;
   Shape& operator=(const Shape&) = delete;
 
-  /// Metres, 0 or more.
-  double GetLength() const { return length_; }
+  double GetLength() const { return length_; }             ///< Metres, 0 or more.
+  const ShapeEnd& GetStart() const { return start_; }      ///< Where it begins.
+  const ShapeEnd& GetEnd() const { return end_; }          ///< Where it ends.
+  double GetStartDirection() const { return direction_; }  ///< As it was given.
 
   /// The place at `length` from the start; the law goes on beyond both ends.
   virtual Place PlaceAt(double length) const = 0;
@@ -41,66 +48,29 @@ class Shape {
   bool FindFoot(const Vector& point, Foot& foot) const;
 
   /// Holds the whole shape.
-  const Rect& GetExtent() const { return extent_; }
+  Rect GetExtent() const;
+
+  /// The square of a distance that no place of the shape is nearer to `point` than.
+  double GetLeastSquare(const Vector& point) const;
 
  protected:
-  explicit Shape(double length) : length_(length) {}
+  /// @throws LineException for numbers that aren't finite and a negative length
+  Shape(const Place& start, double length);
 
-  /// Works out the extent, given the largest curvature from start to end, 1/m.
-  void MeasureExtent(double curvature);
+  /// To be called by the constructor: takes the end from the law of the shape.
+  /// @throws LineException for an end beyond all numbers
+  void MeasureEnd();
 
  private:
-  /// The nearest foot of `point`, which may lie beyond the ends; false if there is none.
-  virtual bool FindFootAnywhere(const Vector& point, Foot& foot) const = 0;
+  /// The nearest foot of the point `from` the start, which may lie a little beyond the ends.
+  virtual bool FindFootFrom(const Vector& from, Foot& foot) const = 0;
 
   double length_;
-  Rect extent_ = Rect::Nothing();
-};
-
-/// Straight.
-class StraightShape : public Shape {
- public:
-  /// @throws LineException for numbers that aren't finite and a negative length
-  StraightShape(const Vector& start, double direction, double length);
-
-  Place PlaceAt(double length) const override;
-
- private:
-  bool FindFootAnywhere(const Vector& point, Foot& foot) const override;
-
-  Place start_;
-  Vector along_;
-};
-
-/// Circular arc of less than one turn.
-class ArcShape : public Shape {
- public:
-  /// @param radius signed, positive turns right
-  /// @throws LineException for numbers that aren't finite, a radius of 0 and a negative length
-  ArcShape(const Vector& start, double direction, double radius, double length);
-
-  Place PlaceAt(double length) const override;
-
- private:
-  bool FindFootAnywhere(const Vector& point, Foot& foot) const override;
-
-  Place start_;
-  Vector along_;
-  double radius_;
-};
-
-/// Clothoid.
-class ClothoidShape : public Shape {
- public:
-  /// @throws LineException if `curve` is none, or for a length that is negative or not finite
-  ClothoidShape(const Clothoid& curve, double length);
-
-  Place PlaceAt(double length) const override;
-
- private:
-  bool FindFootAnywhere(const Vector& point, Foot& foot) const override;
-
-  Clothoid curve_;
+  double direction_;
+  ShapeEnd start_;
+  ShapeEnd end_;
+  Vector chord_;
+  double sag_ = 0.0;  // no place is farther from the chord
 };
 
 }  // namespace Model
