@@ -7,10 +7,9 @@
 #include <string_view>
 #include <utility>
 
-#include "korvelfile/data/FixedColumns.h"
+#include "korvelfile/coordinates/internal/PxyRecord.h"
 #include "korvelfile/outside/base/GeoFile.h"
 #include "korvelfile/outside/base/Ghal.h"
-#include "korvelfile/outside/base/Time.h"
 
 namespace {
 
@@ -18,71 +17,32 @@ constexpr int kProxyType = 3;
 constexpr int kFailure = -9;
 constexpr double kPercent = 100.0;
 
-constexpr std::size_t kRecordSize = 77;
-constexpr int kEndOffset = 74;  // of the comma, CR and LF that close every record
-constexpr std::string_view kEnd = ",\r\n";
+// A record is that of a coordinate file, with the chainage for y and the slopes for x and z, in per
+// cent, and no further texts.
+using internal::PxyRecord;
+using RecordBytes = std::array<char, internal::kPxyLineSize>;
+
 // An element whose numbers are too wide is cut here.
 constexpr std::size_t kLongestRecord = 78;
-// Room for a record with three numbers of any size.
-using RecordBuffer = std::array<char, kRecordSize + 3 * kFixedNumberSize>;
-using RecordBytes = std::array<char, kRecordSize>;
-
-// One element as it stands in the file, its slopes in per cent.
-struct Record {
-  std::string_view elemNo;
-  double section;
-  double slope1;
-  double slope2;
-};
-
-template <class Codec, class Fields>
-void StreamRecord(Codec& codec, Fields& record) {
-  codec.Stream(record.elemNo, Column{0, 12});
-  codec.Stream(record.section, Column{14, 12, 4});
-  codec.Stream(record.slope1, Column{26, 12, 4});
-  codec.Stream(record.slope2, Column{38, 12, 4});
-}
-
-std::string Text(const RecordBuffer& buffer, ColumnWriter& writer) {
-  writer.Close(kEnd, kEndOffset);
-  const auto size = static_cast<std::size_t>(writer.End() - buffer.data());
-  return {buffer.data(), std::min(size, kLongestRecord)};
-}
-
-std::string FirstHeader() {
-  const GeoDate today = _Time::GetDateLocal();
-  RecordBuffer buffer;
-  ColumnWriter writer(buffer.data());
-  writer.Close("XYZ-COORD-FILE", 0);
-  writer.Close(",V1.00,", 16);
-  writer.Close(SF::dformat("%i-%02i-%02i", today.year, today.month, today.day), 23);
-  return Text(buffer, writer);
-}
-
-std::string SecondHeader() {
-  RecordBuffer buffer;
-  ColumnWriter writer(buffer.data());
-  writer.Close(",", 40);
-  return Text(buffer, writer);
-}
-
-std::string ElementRecord(const Record& record) {
-  RecordBuffer buffer;
-  ColumnWriter writer(buffer.data());
-  StreamRecord(writer, record);
-  return Text(buffer, writer);
-}
-
-Record ParseElement(const RecordBytes& bytes) {
-  Record record{};
-  const ColumnReader reader({bytes.data(), bytes.size()});
-  StreamRecord(reader, record);
-  record.elemNo = record.elemNo.substr(0, record.elemNo.find_first_of(std::string_view(" \0", 2)));
-  return record;
-}
 
 bool ReadRecord(GeoFile& file, RecordBytes& bytes) {
   return _FileIO::ReadFile(file, bytes.data(), bytes.size()) == 0;
+}
+
+PxyRecord ParseElement(const RecordBytes& bytes) {
+  PxyRecord record;
+  ColumnReader columns({bytes.data(), bytes.size()});
+  internal::StreamPxyColumns(columns, record);
+  constexpr std::string_view kNumberEnd(" \0", 2);
+  record.name = record.name.substr(0, record.name.find_first_of(kNumberEnd));
+  return record;
+}
+
+void WriteRecord(GeoFile& file, const PxyRecord& record) {
+  std::array<char, internal::kPxyLongestLine> line;
+  const char* const end = internal::PutPxyRecord(line.data(), record);
+  const auto size = static_cast<std::size_t>(end - line.data());
+  _FileIO::WriteFile(file, line.data(), std::min(size, kLongestRecord));
 }
 
 int FailedSave(const char* name) {
@@ -113,11 +73,11 @@ int SkvFile::Open(const char* name) {
     return kFailure;
   }
   while (ReadRecord(file, bytes)) {
-    const Record record = ParseElement(bytes);
-    elemNo_.Append(std::string(record.elemNo));
-    section_.Append(record.section);
-    slope1_.Append(record.slope1 / kPercent);
-    slope2_.Append(record.slope2 / kPercent);
+    const PxyRecord record = ParseElement(bytes);
+    elemNo_.Append(std::string(record.name));
+    section_.Append(record.y);
+    slope1_.Append(record.x / kPercent);
+    slope2_.Append(record.z / kPercent);
   }
   _FileIO::CloseFile(file);
   return 0;
@@ -132,11 +92,11 @@ int SkvFile::Save(const char* name) {
 }
 
 void SkvFile::WriteAll(GeoFile& file) const {
-  _FileIO::WriteFile(file, FirstHeader());
-  _FileIO::WriteFile(file, SecondHeader());
-  for (int i = 0; i < section_.GetCount(); ++i)
-    _FileIO::WriteFile(file, ElementRecord({elemNo_[i].c_str(), section_[i], slope1_[i] * kPercent,
-                                            slope2_[i] * kPercent}));
+  internal::WritePxyHeader(file);
+  for (int i = 0; i < section_.GetCount(); ++i) {
+    const std::string_view elemNo = elemNo_[i].c_str();
+    WriteRecord(file, {elemNo, section_[i], slope1_[i] * kPercent, slope2_[i] * kPercent});
+  }
 }
 
 void SkvFile::GetTotalElements(int& count) const { count = section_.GetCount(); }

@@ -186,9 +186,13 @@ bool TunFile::GetOffsetSection(double offset, TunFile& result) const {
   }
   result.Flush();
   bool isParallel = true;
-  for (const auto& piece : Polyline::GetParallel(chain, -offset, isParallel))
-    result.AddElement(FromGeometry(*piece));
-  return isParallel;
+  const auto parallel = Polyline::GetParallel(std::move(chain), -offset, isParallel);
+  const bool isBuilt = Try([&] {
+    for (const auto& piece : parallel) result.AddElement(FromGeometry(*piece));
+    return isParallel;
+  });
+  if (!isBuilt) result.Flush();
+  return isBuilt;
 }
 
 int TunFile::Open(const char* name) {

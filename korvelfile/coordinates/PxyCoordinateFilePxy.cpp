@@ -19,8 +19,6 @@
 #include "korvelfile/data/ScopedLock.h"
 #include "korvelfile/outside/base/GeoFile.h"
 #include "korvelfile/outside/base/Ghal.h"
-#include "korvelfile/outside/base/String.h"
-#include "korvelfile/outside/base/Time.h"
 
 namespace {
 
@@ -28,8 +26,6 @@ using internal::PxyRecord;
 
 constexpr int kWrongForm = -9;
 constexpr int kHeaderLines = 2;
-
-using HeaderLine = std::array<char, internal::kPxyLineSize>;
 
 int ReportCantOpen(const std::string& path) {
   _GHAL::SystemMessage("can't open pxy-file!");
@@ -133,33 +129,6 @@ void ReadPoints(GeoFile& file, bool isPxy, Sink& sink) {
   sink.Finish();
 }
 
-HeaderLine FirstHeaderLine() {
-  const GeoDate today = _Time::GetDateLocal();
-  HeaderLine line;
-  ColumnWriter columns(line.data());
-  columns.Stream("XYZ-COORD-FILE", Column{0, 14});
-  columns.Stream(",", Column{16, 1});
-  columns.Stream("V1.00", Column{17, 5});
-  columns.Stream(",", Column{22, 1});
-  columns.Stream(SF::dformat("%i-%02i-%02i", today.year, today.month, today.day), Column{23, 10});
-  columns.Close(internal::kPxyLineEnd, internal::kPxyEndOffset);
-  return line;
-}
-
-HeaderLine SecondHeaderLine() {
-  HeaderLine line;
-  ColumnWriter columns(line.data());
-  columns.Stream(",", Column{40, 1});
-  columns.Close(internal::kPxyLineEnd, internal::kPxyEndOffset);
-  return line;
-}
-
-void WriteHeader(GeoFile& file) {
-  for (const HeaderLine& line : {FirstHeaderLine(), SecondHeaderLine()}) {
-    _FileIO::WriteFile(file, line.data(), line.size());
-  }
-}
-
 void WritePxyPoint(const std::string& lineName, const PointDataItem& point, GeoFile& file) {
   std::string fullName;
   if (!lineName.empty()) fullName = lineName + '.' + point.NameText();
@@ -217,7 +186,7 @@ int PxyCoordinateFile::WritePxyFile() {
   const ScopedDataCollectionLock lock(*this);
   GeoFile file;
   if (_FileIO::OpenFile(file, path_, _FileIO::kReplace, false) != 0) return ReportCantOpen(path_);
-  WriteHeader(file);
+  internal::WritePxyHeader(file);
   WriteItems(*this, file);
   return _FileIO::CloseFile(file);
 }

@@ -5,17 +5,19 @@
 
 #include "korvelfile/data/FixedColumns.h"
 
+class GeoFile;
+
 namespace internal {
 
 /// One point line of a `.pxy` file, y before x, in metres.
 struct PxyRecord {
-  std::string_view name;
+  std::string_view name = {};
   double y = 0.0;
   double x = 0.0;
   double z = 0.0;
-  std::string_view pointCode;
-  std::string_view specialCode;
-  std::string_view remark;
+  std::string_view pointCode = {};
+  std::string_view specialCode = {};
+  std::string_view remark = {};
 };
 
 /// The columns of the point line, for reading and writing.
@@ -47,5 +49,8 @@ inline char* PutPxyRecord(char* out, const PxyRecord& record) {
   writer.Close(kPxyLineEnd, kPxyEndOffset);
   return writer.End();
 }
+
+/// Writes the two header lines, with today's local date.
+void WritePxyHeader(GeoFile& file);
 
 }  // namespace internal
