@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "korvelfile/outside/base/Vector3d.h"
+#include "tools/korvel/QueryPoints.h"
 #include "tools/korvel/corrections/ModelUnits.h"
-#include "tools/korvel/corrections/QueryPoints.h"
 
 namespace korvel {
 

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
+#include "tools/korvel/ResultWriter.h"
 #include "tools/korvel/corrections/CorrectionModel.h"
 #include "tools/korvel/corrections/CorrectionQuery.h"
-#include "tools/korvel/corrections/ResultWriter.h"
 
 namespace korvel {
 

@@ -11,9 +11,9 @@
 #include "tools/korvel/InputError.h"
 #include "tools/korvel/LibraryMessages.h"
 #include "tools/korvel/ProgressBar.h"
+#include "tools/korvel/ResultWriter.h"
 #include "tools/korvel/corrections/CorrectionQuery.h"
 #include "tools/korvel/corrections/QueryRows.h"
-#include "tools/korvel/corrections/ResultWriter.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "korvelfile/outside/base/NumberText.h"
+#include "tools/korvel/CsvNumbers.h"
 #include "tools/korvel/InputError.h"
-#include "tools/korvel/corrections/CsvNumbers.h"
 
 namespace {
 

@@ -11,10 +11,10 @@
 #include "tools/korvel/InputError.h"
 #include "tools/korvel/NumberArgument.h"
 #include "tools/korvel/NumberFormat.h"
+#include "tools/korvel/QueryPoints.h"
+#include "tools/korvel/ResultWriter.h"
 #include "tools/korvel/corrections/CorrectionModel.h"
-#include "tools/korvel/corrections/QueryPoints.h"
 #include "tools/korvel/corrections/QueryRows.h"
-#include "tools/korvel/corrections/ResultWriter.h"
 
 namespace {
 

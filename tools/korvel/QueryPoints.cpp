@@ -1,4 +1,4 @@
-#include "tools/korvel/corrections/QueryPoints.h"
+#include "tools/korvel/QueryPoints.h"
 
 #include <algorithm>
 #include <sstream>
@@ -7,9 +7,9 @@
 
 #include "korvelfile/coordinates/PxyCoordinateFile.h"
 #include "tools/korvel/CoordinateFile.h"
+#include "tools/korvel/CsvNumbers.h"
 #include "tools/korvel/InputError.h"
 #include "tools/korvel/NumberArgument.h"
-#include "tools/korvel/corrections/CsvNumbers.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "tools/korvel/corrections/CsvNumbers.h"
+#include "tools/korvel/CsvNumbers.h"
 
 #include <algorithm>
 #include <array>

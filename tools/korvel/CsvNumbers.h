@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/korvel/corrections/CsvReader.h"
+#include "tools/korvel/CsvReader.h"
 
 namespace korvel {
 

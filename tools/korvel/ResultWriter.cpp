@@ -1,4 +1,4 @@
-#include "tools/korvel/corrections/ResultWriter.h"
+#include "tools/korvel/ResultWriter.h"
 
 #include <algorithm>
 #include <cstddef>

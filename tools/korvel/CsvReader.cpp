@@ -1,4 +1,4 @@
-#include "tools/korvel/corrections/CsvReader.h"
+#include "tools/korvel/CsvReader.h"
 
 #include <cstddef>
 #include <istream>
