@@ -1,14 +1,16 @@
 // Checks of alignments of 25,000, 50,000 and 100,000 elements: straights, entry clothoids, arcs and
-// exit clothoids in turn.
+// exit clothoids in turn; grades, sags and crests in turn.
 //
 // Floor: the same check of the smallest of them, once for each time that it goes into the larger
 // one. A ratio near 1 is linear.
 
+#include <cmath>
 #include <cstddef>
 #include <string>
 #include <vector>
 
 #include "korvelfile/alignments/LinFile.h"
+#include "korvelfile/alignments/PrfFile.h"
 #include "korvelfile/outside/base/Angles.h"
 #include "support/Ratio.h"
 
@@ -54,27 +56,54 @@ LinFile MakeLine(std::size_t count) {
   return line;
 }
 
+// A profile of grades of 2 % up and down, with a sag or a crest of 100 m between any two.
+PrfFile MakeProfile(std::size_t count) {
+  constexpr double kLength = 100.0;
+  PrfFile profile;
+  double z = 0.0;
+  for (int i = 0; i < static_cast<int>(count); ++i) {
+    const double slope = i % 4 < 2 ? 0.02 : -0.02;
+    const double radius =
+        i % 2 == 0 ? 0.0 : std::copysign(0.5 * kLength / 0.019996000999800, -slope);
+    bool insert = false;
+    profile.SetElement(i, std::to_string(i), kLength * i, z, slope, radius, kLength, 0.0, 0.0,
+                       insert);
+    if (radius == 0.0) z += kLength * slope;
+  }
+  return profile;
+}
+
 std::size_t Check(const LinFile& line) {
   std::vector<TLinCtrl> report;
   line.LinDataCheck(report);
   return report.size();
 }
 
-void MeasureLines() {
-  const LinFile small = MakeLine(kElements);
+std::size_t Check(const PrfFile& profile) {
+  std::vector<TPrfCtrl> report;
+  profile.PrfDataCheck(report);
+  return report.size();
+}
+
+template <class File>
+void Measure(const std::string& what, File (*make)(std::size_t)) {
+  const File small = make(kElements);
   for (const std::size_t times : {1U, 2U, 4U}) {
-    const LinFile line = MakeLine(times * kElements);
+    const File file = make(times * kElements);
     PrintRatio(
-        "check of a line of " + std::to_string(times * kElements) + " elements, " +
-            std::to_string(Check(line)) + " reported",
+        "check of a " + what + " of " + std::to_string(times * kElements) + " elements, " +
+            std::to_string(Check(file)) + " reported",
         kBar, kRounds,
         [&] {
           for (std::size_t i = 0; i < times; ++i) Keep(Check(small));
         },
-        [&] { Keep(Check(line)); });
+        [&] { Keep(Check(file)); });
   }
 }
 
 }  // namespace
 
-int main() { MeasureLines(); }
+int main() {
+  Measure("line", MakeLine);
+  Measure("profile", MakeProfile);
+}
