@@ -2,7 +2,8 @@
 // element 125 m long on average, every other dozen mirrored so that no road crosses itself: found
 // among 200, 800 (100 km) and 3200 elements.
 //
-// Floor: each point stationed on the one element that it was made from.
+// Floor: each point stationed on the one element that it was made from. In the last row it is
+// stationing among the fewest elements.
 
 #include <cmath>
 #include <cstddef>
@@ -90,27 +91,42 @@ std::vector<Sample> Scatter(const Model::ILine& line) {
   return samples;
 }
 
-void Measure(int count) {
-  const auto line = BuildLine(Road(count));
-  const std::vector<Sample> samples = Scatter(*line);
-  const auto floor = [&] {
+/// A road with points scattered along it.
+struct Scene {
+  explicit Scene(int count) : line(BuildLine(Road(count))), samples(Scatter(*line)) {}
+
+  void StationOnKnownElements() const {
     double sum = 0.0;
     for (const Sample& sample : samples) {
       Model::LineStation station;
       if (sample.element->Station(sample.point, station)) sum += station.Arc;
     }
     Keep(sum);
-  };
-  const auto work = [&] {
+  }
+
+  void Station() const {
     double sum = 0.0;
     for (const Sample& sample : samples) sum += line->Station(sample.point).Arc;
     Keep(sum);
-  };
-  PrintRatio("stationing among " + std::to_string(count) + " elements", kBar, kRounds, floor, work);
-}
+  }
+
+  std::shared_ptr<Model::IRoadLine> line;
+  std::vector<Sample> samples;
+};
 
 }  // namespace
 
 int main() {
-  for (const int count : {200, 800, 3200}) Measure(count);
+  const Scene small(200);
+  const Scene usual(800);
+  const Scene large(3200);
+  for (const Scene* scene : {&small, &usual, &large}) {
+    const int count = scene->line->GetHorizontalAlignment()->GetElements()->GetElementCount();
+    PrintRatio(
+        "stationing among " + std::to_string(count) + " elements", kBar, kRounds,
+        [&] { scene->StationOnKnownElements(); }, [&] { scene->Station(); });
+  }
+  PrintRatio(
+      "stationing among 3200 against 200", std::log(3200.0) / std::log(200.0), kRounds,
+      [&] { small.Station(); }, [&] { large.Station(); });
 }
