@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <fstream>
 #include <limits>
+#include <memory>
 #include <random>
 #include <sstream>
 #include <string>
@@ -12,6 +13,9 @@
 #include <gtest/gtest.h>
 
 #include "korvelfile/alignments/LinFile.h"
+#include "korvelfile/alignments/LinFileProxy.h"
+#include "korvelfile/alignments/PrfFile.h"
+#include "korvelfile/alignments/PrfFileProxy.h"
 #include "korvelfile/outside/base/Angles.h"
 #include "korvelfile/outside/base/Clothoid.h"
 #include "korvelfile/outside/base/PolarVector.h"
@@ -37,42 +41,12 @@ using LineRecords = Records<Model::ILineFileProxy, Model::Proxy::LineElement>;
 using ProfileRecords = Records<Model::IProfileFileProxy, Model::Proxy::ProfileElement>;
 using CamberRecords = Records<Model::ICamberFileProxy, Model::Proxy::CamberSlopeElement>;
 
-LineRecords ReadLine(const std::string& path) {
-  LinFile file;
-  EXPECT_EQ(file.Open(path.c_str()), 0);
-  LineRecords line;
-  for (std::size_t i = 0; i < file.GetTotalElements(); ++i) {
-    const auto e = file.GetElement(i);
-    line.records.push_back({L"",
-                            {e->GetX(), e->GetY()},
-                            e->GetSection(),
-                            GonToBearing(e->GetBearing()),
-                            e->GetRadius(),
-                            e->GetERadius(),
-                            e->GetLength(),
-                            e->GetParameter()});
-  }
-  return line;
-}
-
 std::vector<double> Numbers(std::string row) {
   std::replace(row.begin(), row.end(), ',', ' ');
   std::istringstream in(row);
   std::vector<double> numbers;
   for (double number; in >> number;) numbers.push_back(number);
   return numbers;
-}
-
-ProfileRecords ReadProfile(const std::string& path) {
-  std::ifstream in(path);
-  ProfileRecords profile;
-  std::string row;
-  std::getline(in, row);
-  while (std::getline(in, row)) {
-    const std::vector<double> n = Numbers(row.substr(row.find(',') + 1));
-    if (n.size() >= 5) profile.records.push_back({L"", n[0], n[1], n[2], n[3], n[4], 0.0, 0.0});
-  }
-  return profile;
 }
 
 // A winding road of all kinds of elements, tangent to each other: right and left, entry, exit,
@@ -110,8 +84,13 @@ LineRecords MakeRoad(int rounds) {
 
 TEST(LineModel, RealAlignmentsAsIntegratedByAnotherProgram) {
   for (const std::string name : {"m3_road", "clothoids"}) {
-    const ProfileRecords profile = ReadProfile(kAlignments + name + ".prf");
-    const auto line = BuildLine(ReadLine(kAlignments + name + ".lin"), &profile);
+    LinFile lines;
+    PrfFile heights;
+    ASSERT_EQ(lines.Open((kAlignments + name + ".lin").c_str()), 0);
+    ASSERT_EQ(heights.Open((kAlignments + name + ".prf").c_str()), 0);
+    const File::LinFileProxy elements(lines);
+    const File::PrfFileProxy profile(heights);
+    const auto line = BuildLine(elements, &profile);
     std::ifstream in(kAlignments + name + ".points.csv");
     std::string row;
     std::getline(in, row);
@@ -146,6 +125,30 @@ TEST(LineModel, StationAndPointAreInverse) {
     const LineStation found = line->Station(line->PointAt(arc, offset));
     ASSERT_NEAR(found.Arc, arc, offset == 0.0 ? 1e-9 : 1e-6) << arc << ' ' << offset;
     ASSERT_NEAR(found.Offset, offset, 1e-9) << arc << ' ' << offset;
+  }
+}
+
+// Up to a metre from the centre of curvature, on each kind of curve by itself: on a road another
+// element may be nearer.
+TEST(LineModel, StationAndPointAreInverseUpToTheRadius) {
+  std::mt19937 random(7);
+  const auto share = [&] { return std::uniform_real_distribution<double>()(random); };
+  const auto curvature = [](double radius) { return radius == 0.0 ? 0.0 : 1.0 / radius; };
+  for (const Model::Proxy::LineElement& element : MakeRoad(1).records) {
+    LineRecords alone;
+    alone.records = {element};
+    const auto line = BuildLine(alone);
+    for (int i = 0; i < 2000; ++i) {
+      const double part = share();
+      const double arc = element.Section + part * element.Length;
+      const double k = std::lerp(curvature(element.Radius), curvature(element.EndRadius), part);
+      const double farthest = std::min(1.0 / std::fabs(k), 1000.0) - 1.0;
+      const double offset = std::lerp(-farthest, farthest, share());
+      const LineStation found = line->Station(line->PointAt(arc, offset));
+      ASSERT_NEAR(found.Arc, arc, 1e-6)
+          << element.Radius << ' ' << element.EndRadius << ' ' << offset;
+      ASSERT_NEAR(found.Offset, offset, 1e-8) << arc;
+    }
   }
 }
 
@@ -249,6 +252,48 @@ TEST(LineModel, BuiltElementByElement) {
   EXPECT_THROW(elements->GetElement(2), Model::LineException);
   LineStation other;
   EXPECT_FALSE(elements->GetElement(0)->Station({12, 1, 0}, other));
+}
+
+TEST(LineModel, AClosedLineHasACornerWhereItMeetsItsStart) {
+  LineRecords square;  // of 10 m to the left; an element without length closes it
+  const Vector corners[] = {{0, 0}, {10, 0}, {10, 10}, {0, 10}};
+  for (int i = 0; i < 4; ++i)
+    square.records.push_back({L"", corners[i], 10.0 * i, kHalfPi * i, 0, 0, 10, 0});
+  square.records.push_back({L"", corners[0], 40.0, 1.0, 0, 0, 0, 0});
+  const auto line = BuildLine(square);
+  EXPECT_EQ(line->GetTotalLength(), 40.0);
+  EXPECT_EQ(line->GetHorizontalAlignment()->GetElements()->GetElementCount(), 5);
+  const LineStation corner = line->Station({-3, -4, 0});
+  EXPECT_NEAR(corner.Arc, 0.0, 1e-12);
+  EXPECT_NEAR(corner.Offset, 5.0, 1e-12);
+  const Coordinate end = line->PointAt(40.0, 1.0);
+  EXPECT_NEAR(end.X, -1.0, 1e-12) << "in the direction of the last side";
+  EXPECT_NEAR(end.Y, 0.0, 1e-12);
+}
+
+// Notes which operation each element calls.
+struct KindVisitor final : Model::IHorizontalElementVisitor,
+                           std::enable_shared_from_this<KindVisitor> {
+  std::string kinds;
+  void VisitElementList(const std::shared_ptr<Model::IHorizontalElementList>& list) override {
+    for (int i = 0; i < list->GetElementCount(); ++i)
+      list->GetElement(i)->Accept(shared_from_this());
+  }
+  void VisitStraight(const std::shared_ptr<Model::IHorizontalElement>&) override { kinds += 's'; }
+  void VisitCircularArc(const std::shared_ptr<Model::IHorizontalCurve>& e) override {
+    kinds += e->GetRadius() == e->GetEndRadius() ? 'a' : '?';
+  }
+  void VisitClothoid(const std::shared_ptr<Model::IHorizontalCurve>& e) override {
+    kinds += e->GetRadius() != e->GetEndRadius() ? 'c' : '?';
+  }
+  void VisitPoint(const std::shared_ptr<Model::IHorizontalElement>&) override { kinds += '?'; }
+  void VisitOther(const std::shared_ptr<Model::IHorizontalElement>&) override { kinds += '?'; }
+};
+
+TEST(LineModel, VisitorsMeetTheKindsOfTheElements) {
+  const auto visitor = std::make_shared<KindVisitor>();
+  BuildLine(MakeRoad(1))->GetHorizontalAlignment()->Accept(visitor);
+  EXPECT_EQ(visitor->kinds, "scacacacsa");
 }
 
 TEST(LineModel, HeightsAndCrossfalls) {
