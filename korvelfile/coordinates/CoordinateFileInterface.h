@@ -52,12 +52,12 @@ class KORVELFILE_EXPORT CoordinateFileInterface : public DataCollectionInterface
   virtual double GetMinY();
   virtual double GetMinZ();
 
+  /// Lets the extent be worked out anew when it is next asked for: after a reading, and after
+  /// points of lines came in or were moved.
+  void ForgetExtent() { isExtentValid_ = false; }
+
  protected:
   virtual void CalculateMinMax();
-
-  /// Lets the extent be worked out anew when it is next asked for. A reading does that first, as
-  /// the extent may have been asked for before.
-  void ForgetExtent() { isExtentValid_ = false; }
 
  private:
   static constexpr double kFarOut = 9.9e+100;

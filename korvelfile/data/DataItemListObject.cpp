@@ -32,6 +32,21 @@ DataItemInterface* DataItemListObject::InsertItem(DataItemInterface* item, int p
   return owned.release();
 }
 
+void DataItemListObject::InsertItems(const std::vector<NewItem>& items) {
+  const GeoMutex::ScopedLock lock(mutex_);
+  std::vector<DataItemInterface*> all;
+  all.reserve(items_.size() + items.size());
+  auto next = items_.begin();
+  for (const NewItem& added : items) {
+    const auto before = items_.begin() + static_cast<std::ptrdiff_t>(added.position);
+    all.insert(all.end(), next, before);
+    all.push_back(added.item);
+    next = before;
+  }
+  all.insert(all.end(), next, items_.end());
+  items_.swap(all);
+}
+
 int DataItemListObject::RemoveItem(DataItemInterface* item) {
   const GeoMutex::ScopedLock lock(mutex_);
   const auto found = std::find(items_.begin(), items_.end(), item);

@@ -34,6 +34,16 @@ class KORVELFILE_EXPORT DataItemListObject {
   /// @return `item`
   DataItemInterface* InsertItem(DataItemInterface* item, int position);
 
+  /// An item that is to go before what stands at `position` now.
+  struct NewItem {
+    std::size_t position;  ///< up to the number of items, which appends
+    DataItemInterface* item;
+  };
+
+  /// Puts all of them in at once, in linear time. The list owns them from here.
+  /// @param items in ascending order of position; not checked
+  void InsertItems(const std::vector<NewItem>& items);
+
   /// Takes `item` out without deleting it; the caller owns it from here.
   /// @return 0, or -1 if it isn't in the list
   int RemoveItem(DataItemInterface* item);
