@@ -1,0 +1,24 @@
+#include "korvelfile/alignments/internal/StationedPoint.h"
+
+#include <cmath>
+#include <utility>
+
+#include "korvelfile/alignments/internal/EndOfLine.h"
+#include "korvelfile/outside/model/LineException.h"
+
+namespace File::detail {
+
+StationedPoint StationPoint(const Model::ILine& line, std::shared_ptr<Korvel::IPxyPoint> point) {
+  const Vector3d& position = point->GetInformation().position;
+  const Model::LineStation station = line.Station({position.y, position.x, 0.0});
+  if (!std::isfinite(station.Arc) || !std::isfinite(station.Offset))
+    throw Model::LineException("The line gives no station for a point");
+  return {std::move(point), station};
+}
+
+StationedPoint StationPoint(const Model::ILine& line, Korvel::ICoordinateLine& points, int index) {
+  if (index >= points.GetPointCount()) throw EndOfLine();
+  return StationPoint(line, points.GetPoint(index));
+}
+
+}  // namespace File::detail
