@@ -10,10 +10,11 @@
 #include <vector>
 
 #include "korvelfile/outside/base/GeoFile.h"
+#include "korvelfile/outside/services/ProgressBar.h"
 #include "tools/korvel/AngleOption.h"
 #include "tools/korvel/InputError.h"
 #include "tools/korvel/NumberArgument.h"
-#include "tools/korvel/ProgressBar.h"
+#include "tools/korvel/Printable.h"
 #include "tools/korvel/corrections/CcgNames.h"
 #include "tools/korvel/corrections/GridOutput.h"
 #include "tools/korvel/corrections/InverseDistance.h"
@@ -123,7 +124,7 @@ CcgInputGrid EmptyGrid(const BuildOptions& options, const std::vector<Residual>&
 
 void Fill(const BuildOptions& options, const std::vector<Residual>& residuals, CcgInputGrid& grid) {
   if (options.scattered) {
-    korvel::ProgressBar progress(options.out);
+    Korvel::ProgressBar progress(korvel::Printable(options.out));
     SpreadByInverseDistance(residuals, *options.radius, grid,
                             [&](double done) { progress.Show(done); });
     return;

@@ -11,11 +11,11 @@
 #include "korvelfile/outside/base/Angles.h"
 #include "korvelfile/outside/base/FilePath.h"
 #include "korvelfile/outside/base/GeoFile.h"
+#include "korvelfile/outside/services/ProgressBar.h"
 #include "tools/korvel/FileFault.h"
 #include "tools/korvel/InputError.h"
 #include "tools/korvel/NumberFormat.h"
 #include "tools/korvel/Printable.h"
-#include "tools/korvel/ProgressBar.h"
 #include "tools/korvel/ValueRange.h"
 #include "tools/korvel/WorkFolder.h"
 #include "tools/korvel/corrections/BynSource.h"
@@ -55,7 +55,7 @@ bool IsByn(const std::string& path) { return korvel::ExtensionOf(path) == ".byn"
 
 // The folder holds the source under the name "source", so that the new file comes to lie there.
 void Convert(const ConvertOptions& options, const std::string& link) {
-  korvel::ProgressBar bar(options.source);
+  Korvel::ProgressBar bar(korvel::Printable(options.source));
   const GrdFile::Progress progress = [&](double done) { bar.Show(done); };
   GrdFile file;
   bool isDone = false;

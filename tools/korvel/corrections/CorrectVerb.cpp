@@ -8,6 +8,7 @@
 #include <CLI/CLI.hpp>
 
 #include "korvelfile/coordinates/PxyCoordinateFile.h"
+#include "korvelfile/outside/services/ProgressBar.h"
 #include "tools/korvel/AngleOption.h"
 #include "tools/korvel/CoordinateFile.h"
 #include "tools/korvel/FileFault.h"
@@ -15,7 +16,6 @@
 #include "tools/korvel/LibraryMessages.h"
 #include "tools/korvel/NumberFormat.h"
 #include "tools/korvel/Printable.h"
-#include "tools/korvel/ProgressBar.h"
 #include "tools/korvel/TextTable.h"
 #include "tools/korvel/ValueRange.h"
 #include "tools/korvel/corrections/CorrectionModel.h"
@@ -121,7 +121,7 @@ Correction CorrectAll(const CorrectOptions& options, const CorrectionModel& mode
                       PxyCoordinateFile& file) {
   const ModelUnits units(model.GetTraits().isGeographic, options.angles);
   PointCorrector corrector(model, units, options.inverse);
-  korvel::ProgressBar progress(options.in);
+  Korvel::ProgressBar progress(korvel::Printable(options.in));
   std::size_t count = 0;
   korvel::ForEachPoint(file, [&](const PointDataItem&, const LineDataItem*) { ++count; });
   korvel::ForEachPoint(file, [&](PointDataItem& point, const LineDataItem* line) {

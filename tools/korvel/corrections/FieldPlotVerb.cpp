@@ -3,11 +3,11 @@
 #include <iostream>
 #include <string>
 
+#include "korvelfile/outside/services/ProgressBar.h"
 #include "tools/korvel/AngleOption.h"
 #include "tools/korvel/FileFault.h"
 #include "tools/korvel/InputError.h"
 #include "tools/korvel/Printable.h"
-#include "tools/korvel/ProgressBar.h"
 #include "tools/korvel/corrections/FieldPlot.h"
 #include "tools/korvel/corrections/FieldScene.h"
 
@@ -21,7 +21,7 @@ struct PlotOptions {
 
 int RunPlotVerb(const PlotOptions& options) {
   korvel::RequireExtension(options.out, {".svg", ".png", ".pdf"});
-  korvel::ProgressBar progress(options.model);
+  Korvel::ProgressBar progress(korvel::Printable(options.model));
   const korvel::FieldScene scene = korvel::ReadFieldScene(
       options.model, options.angles, [&](double done) { progress.Show(done); });
   progress.End();

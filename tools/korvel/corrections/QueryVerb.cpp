@@ -7,10 +7,11 @@
 #include <CLI/CLI.hpp>
 
 #include "korvelfile/outside/base/NumberText.h"
+#include "korvelfile/outside/services/ProgressBar.h"
 #include "tools/korvel/AngleOption.h"
 #include "tools/korvel/InputError.h"
 #include "tools/korvel/LibraryMessages.h"
-#include "tools/korvel/ProgressBar.h"
+#include "tools/korvel/Printable.h"
 #include "tools/korvel/ResultWriter.h"
 #include "tools/korvel/corrections/CorrectionQuery.h"
 #include "tools/korvel/corrections/QueryRows.h"
@@ -67,7 +68,7 @@ int RunQueryVerb(const QueryOptions& options) {
   const std::vector<QueryPoint> points = korvel::ReadQueryPoints(options.input, messages);
   const auto writer = korvel::ResultWriter::Make(options.format, rows.Columns(),
                                                  About(options, units), "points", std::cout);
-  auto progress = korvel::ProgressBar::BesideOutput(options.model);
+  auto progress = Korvel::ProgressBar::BesideOutput(korvel::Printable(options.model));
   std::vector<std::string> uncorrected;
   for (std::size_t i = 0; i < points.size(); ++i) {
     progress.Show(static_cast<double>(i) / static_cast<double>(points.size()));

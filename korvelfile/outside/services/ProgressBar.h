@@ -5,23 +5,28 @@
 #include <iosfwd>
 #include <string>
 
-namespace korvel {
+#include "korvelfile/Export.h"
+
+namespace Korvel {
 
 /// Tells a person who watches the terminal how far a long work is.
 ///
-/// Nothing shows in the first second, nor where nobody watches. The line is gone at the end.
-class ProgressBar {
+/// Nothing shows in the first second, nor where nobody watches. The line is gone at the end. One
+/// thread at a time.
+class KORVELFILE_EXPORT ProgressBar {
  public:
+  /// Tells the time.
   using Clock = std::function<std::chrono::steady_clock::time_point()>;
 
   /// On standard error, if that is a terminal.
-  /// @param what the work, "geoid.byn"
+  /// @param what the work, "geoid.byn", UTF-8; control characters show as "?"
   explicit ProgressBar(const std::string& what);
 
   /// As `ProgressBar(what)`, for a work that writes to standard output meanwhile: nothing shows if
   /// that is a terminal too, since both would stand in each other's lines.
   static ProgressBar BesideOutput(const std::string& what);
 
+  /// On any stream, by any clock.
   /// @param out       must outlive the bar
   /// @param isWatched false shows nothing
   ProgressBar(const std::string& what, std::ostream& out, bool isWatched, Clock clock);
@@ -46,4 +51,4 @@ class ProgressBar {
   bool isDrawn_ = false;
 };
 
-}  // namespace korvel
+}  // namespace Korvel

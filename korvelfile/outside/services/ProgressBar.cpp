@@ -1,14 +1,12 @@
-#include "tools/korvel/ProgressBar.h"
+#include "korvelfile/outside/services/ProgressBar.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <iostream>
 #include <utility>
 
 #include <unistd.h>
-
-#include "tools/korvel/NumberFormat.h"
-#include "tools/korvel/Printable.h"
 
 namespace {
 
@@ -18,9 +16,16 @@ constexpr std::size_t kFields = 30;
 
 bool IsTerminal(int descriptor) { return isatty(descriptor) == 1; }
 
+// Control characters could disturb a terminal.
+std::string WithoutControls(std::string text) {
+  std::replace_if(
+      text.begin(), text.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, '?');
+  return text;
+}
+
 }  // namespace
 
-namespace korvel {
+namespace Korvel {
 
 ProgressBar::ProgressBar(const std::string& what)
     : ProgressBar(what, std::cerr, IsTerminal(STDERR_FILENO), std::chrono::steady_clock::now) {}
@@ -31,7 +36,7 @@ ProgressBar ProgressBar::BesideOutput(const std::string& what) {
 }
 
 ProgressBar::ProgressBar(const std::string& what, std::ostream& out, bool isWatched, Clock clock)
-    : what_(Printable(what)),
+    : what_(WithoutControls(what)),
       out_(out),
       isWatched_(isWatched),
       clock_(std::move(clock)),
@@ -50,7 +55,7 @@ void ProgressBar::Show(double done) {
 void ProgressBar::Draw(double done) {
   const auto fields = static_cast<std::size_t>(done * static_cast<double>(kFields));
   out_ << '\r' << what_ << " [" << std::string(fields, '#') << std::string(kFields - fields, '.')
-       << "] " << NumberText(100.0 * done, 0) << " %\x1B[K" << std::flush;
+       << "] " << std::lround(100.0 * done) << " %\x1B[K" << std::flush;
   isDrawn_ = true;
 }
 
@@ -59,4 +64,4 @@ void ProgressBar::End() {
   isWatched_ = false;
 }
 
-}  // namespace korvel
+}  // namespace Korvel

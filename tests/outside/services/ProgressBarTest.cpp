@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tools/korvel/ProgressBar.h"
+#include "korvelfile/outside/services/ProgressBar.h"
 
 TEST(ProgressBar, ShowsAfterASecondAndIsGoneAtTheEnd) {
   std::chrono::steady_clock::time_point now;
@@ -12,7 +12,7 @@ TEST(ProgressBar, ShowsAfterASecondAndIsGoneAtTheEnd) {
     now = {};
     std::ostringstream out;
     {
-      korvel::ProgressBar bar("g.ccg", out, isWatched, clock);
+      Korvel::ProgressBar bar("g\t.ccg", out, isWatched, clock);
       now += std::chrono::milliseconds(999);
       bar.Show(0.3);
       EXPECT_EQ(out.str(), "");
@@ -22,6 +22,6 @@ TEST(ProgressBar, ShowsAfterASecondAndIsGoneAtTheEnd) {
       bar.Show(0.6);
     }
     EXPECT_EQ(out.str(),
-              isWatched ? "\rg.ccg [###############...............] 50 %\x1B[K\r\x1B[K" : "");
+              isWatched ? "\rg?.ccg [###############...............] 50 %\x1B[K\r\x1B[K" : "");
   }
 }
