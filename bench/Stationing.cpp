@@ -1,6 +1,4 @@
-// A million points scattered along roads of straights, clothoids and arcs, right and left, each
-// element 125 m long on average, every other dozen mirrored so that no road crosses itself: found
-// among 200, 800 (100 km) and 3200 elements.
+// A million points scattered along roads: found among 200, 800 (100 km) and 3200 elements.
 //
 // Floor: each point stationed on the one element that it was made from. In the last row it is
 // stationing among the fewest elements.
@@ -13,11 +11,9 @@
 #include <utility>
 #include <vector>
 
-#include "korvelfile/outside/base/Angles.h"
-#include "korvelfile/outside/base/Clothoid.h"
-#include "korvelfile/outside/base/PolarVector.h"
 #include "korvelfile/outside/model/LineFactory.h"
 #include "support/Ratio.h"
+#include "support/Road.h"
 
 namespace {
 
@@ -25,53 +21,6 @@ constexpr int kPoints = 1000000;
 constexpr int kRounds = 3;
 constexpr double kBar = 4.0;
 constexpr double kWidest = 30.0;  // offset, metres
-
-struct Kind {
-  double radius, endRadius, length;
-};
-constexpr Kind kKinds[] = {{0, 0, 200},     {0, 400, 80},      {400, 400, 190},   {400, 0, 80},
-                           {0, -600, 100},  {-600, -600, 170}, {-600, 0, 100},    {0, 250, 70},
-                           {250, 250, 110}, {250, -300, 120},  {-300, -300, 135}, {-300, 0, 145}};
-
-class Road : public Model::ILineFileProxy {
- public:
-  explicit Road(int count) {
-    Vector at(674000.0, 6580000.0);
-    double direction = 0.5;
-    double chainage = 0.0;
-    for (int i = 0; i < count; ++i) {
-      const auto number = static_cast<std::size_t>(i);
-      const Kind& kind = kKinds[number % std::size(kKinds)];
-      const double side = number / std::size(kKinds) % 2 == 0 ? 1.0 : -1.0;
-      elements_.push_back({L"", at, chainage, direction, side * kind.radius, side * kind.endRadius,
-                           kind.length, 0.0});
-      Advance(elements_.back(), at, direction);
-      chainage += kind.length;
-    }
-  }
-
-  int GetElementCount() const override { return static_cast<int>(elements_.size()); }
-  Model::Proxy::LineElement GetAt(int index) const override {
-    return elements_[static_cast<std::size_t>(index)];
-  }
-
- private:
-  static void Advance(Model::Proxy::LineElement& e, Vector& at, double& direction) {
-    if (e.Radius != e.EndRadius) {
-      Clothoid curve;
-      curve.SetWithLength(at, direction, e.Length, e.Radius, e.EndRadius);
-      e.Parameter = curve.GetParameter();
-      at = curve.TangentPoint(&direction, nullptr, e.Length);
-      return;
-    }
-    const double turn = e.Radius == 0.0 ? 0.0 : e.Length / e.Radius;
-    const double chord = turn == 0.0 ? e.Length : 2.0 * e.Radius * std::sin(0.5 * turn);
-    at += PolarVector(chord, direction - 0.5 * turn).GetVector();
-    direction -= turn;
-  }
-
-  std::vector<Model::Proxy::LineElement> elements_;
-};
 
 struct Sample {
   Model::Coordinate point;
