@@ -15,6 +15,7 @@
 #include "tools/korvel/InfoVerb.h"
 #include "tools/korvel/InputError.h"
 #include "tools/korvel/StationVerb.h"
+#include "tools/korvel/alignments/AlignmentVerbs.h"
 #include "tools/korvel/corrections/CorrectionVerbs.h"
 
 namespace {
@@ -53,8 +54,9 @@ int Guarded(const korvel::VerbRun& run) {
 }  // namespace
 
 int korvel::RunApp(int argc, char** argv) {
-  CLI::App app("Free stations, new points, corrections and a look into the files of land survey.",
-               "korvel");
+  CLI::App app(
+      "Free stations, new points, corrections, roads and a look into the files of land survey.",
+      "korvel");
   app.set_version_flag("--version", VersionText(), "print the versions of program and libraries");
   app.footer("korvel VERB --help tells more of each.");
   app.get_formatter()->label("SUBCOMMAND", "VERB");
@@ -64,6 +66,7 @@ int korvel::RunApp(int argc, char** argv) {
   AddStationVerb(app, run);
   AddInfoVerb(app, run);
   AddCorrectionVerbs(app, run);
+  AddAlignmentVerbs(app, run);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -13,6 +13,7 @@
 #include "tools/korvel/FileFault.h"
 #include "tools/korvel/InputError.h"
 #include "tools/korvel/LibraryMessages.h"
+#include "tools/korvel/alignments/AlignmentSummary.h"
 #include "tools/korvel/corrections/CorrectionModel.h"
 #include "tools/korvel/corrections/ModelSummary.h"
 
@@ -67,9 +68,16 @@ struct Format {
 };
 
 constexpr std::array kFormats{
-    Format{".geo", Coordinates}, Format{".llc", Coordinates},  Format{".pxy", Coordinates},
-    Format{".tun", Coordinates}, Format{".plm", Measurements}, Format{".lvt", Levelling},
+    Format{".geo", Coordinates},
+    Format{".llc", Coordinates},
+    Format{".pxy", Coordinates},
+    Format{".tun", Coordinates},
+    Format{".plm", Measurements},
+    Format{".lvt", Levelling},
     Format{".atr", Attributes},
+    Format{".lin", korvel::SummarizeAlignment},
+    Format{".prf", korvel::SummarizeAlignment},
+    Format{".skv", korvel::SummarizeAlignment},
 };
 
 }  // namespace

@@ -14,7 +14,8 @@ namespace {
 constexpr const char* kExamples =
     "Formats: .geo .llc .pxy .tun (points and lines), .plm (polar measurements), .lvt "
     "(levelling),\n"
-    ".atr (attribute definitions). Grids and networks of corrections are told by how they begin.\n"
+    ".atr (attribute definitions), .lin .prf .skv (alignments). Grids and networks of corrections "
+    "are told by how they begin.\n"
     "Coordinates are metres; x is east, y is north. Latitude and longitude are degrees.\n"
     "\n"
     "Exit status: 0; 2 if a file can't be read (the others are shown all the same).\n"

@@ -1,7 +1,6 @@
 #include "tools/korvel/corrections/CorrectionVerbs.h"
 
-#include <string>
-
+#include "tools/korvel/VerbGroup.h"
 #include "tools/korvel/corrections/BuildVerb.h"
 #include "tools/korvel/corrections/ConvertVerb.h"
 #include "tools/korvel/corrections/CorrectVerb.h"
@@ -11,29 +10,17 @@
 #include "tools/korvel/corrections/QueryVerb.h"
 #include "tools/korvel/corrections/SectionVerb.h"
 
-namespace {
-
-// A verb that has verbs of its own.
-CLI::App& AddGroup(CLI::App& app, const std::string& name, const char* what) {
-  CLI::App& group = *app.add_subcommand(name, what);
-  group.require_subcommand(1);
-  group.footer("korvel " + name + " VERB --help tells more of each.");
-  return group;
-}
-
-}  // namespace
-
 void korvel::AddCorrectionVerbs(CLI::App& app, VerbRun& run) {
-  CLI::App& grid = AddGroup(app, "grid", "look into, ask, build and draw grids of corrections");
+  CLI::App& grid = AddVerbGroup(app, "grid", "look into, ask, build and draw grids of corrections");
   AddModelInfoVerb(grid, run, "tell what grids hold");
   AddQueryVerb(grid, run, ModelKind::CorrectionGrid);
   AddBuildVerb(grid, run);
   AddExpandVerb(grid, run);
   AddConvertVerb(grid, run);
   AddFieldPlotVerb(grid, run);
-  CLI::App& geoid = AddGroup(app, "geoid", "ask a grid of geoid heights");
+  CLI::App& geoid = AddVerbGroup(app, "geoid", "ask a grid of geoid heights");
   AddQueryVerb(geoid, run, ModelKind::GeoidGrid);
-  CLI::App& triad = AddGroup(app, "triad", "look into and ask triangulated networks");
+  CLI::App& triad = AddVerbGroup(app, "triad", "look into and ask triangulated networks");
   AddModelInfoVerb(triad, run, "tell what networks hold");
   AddQueryVerb(triad, run, ModelKind::Network);
   AddSectionVerb(triad, run);

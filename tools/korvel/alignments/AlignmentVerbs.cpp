@@ -1,0 +1,13 @@
+#include "tools/korvel/alignments/AlignmentVerbs.h"
+
+#include "tools/korvel/VerbGroup.h"
+#include "tools/korvel/alignments/AlignInfoVerb.h"
+#include "tools/korvel/alignments/CheckVerb.h"
+#include "tools/korvel/alignments/ListVerb.h"
+
+void korvel::AddAlignmentVerbs(CLI::App& app, VerbRun& run) {
+  CLI::App& align = AddVerbGroup(app, "align", "check, list, station and draw roads");
+  AddCheckVerb(align, run);
+  AddAlignInfoVerb(align, run);
+  AddListVerb(align, run);
+}
