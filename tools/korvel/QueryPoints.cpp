@@ -6,10 +6,12 @@
 #include <CLI/CLI.hpp>
 
 #include "korvelfile/coordinates/PxyCoordinateFile.h"
+#include "korvelfile/outside/base/NumberText.h"
 #include "tools/korvel/CoordinateFile.h"
 #include "tools/korvel/CsvNumbers.h"
 #include "tools/korvel/InputError.h"
 #include "tools/korvel/NumberArgument.h"
+#include "tools/korvel/NumberFormat.h"
 
 namespace {
 
@@ -39,11 +41,32 @@ namespace korvel {
 
 const char* const kQueryInputHelp =
     "Points are N,E or N,E,H on the command line, or come from files: .geo, .pxy and .llc files;\n"
-    "every other file is CSV, - is standard input. North is latitude and east is longitude where\n"
-    "a model works in these, in degrees or what --angles says. A CSV text has the columns north,\n"
-    "east and, if need be, name and height, in any order, if its first line names them; without\n"
-    "that line a row is N,E or NAME,N,E or NAME,N,E,H. Commas, semicolons or tabs separate them,\n"
-    "the decimal sign is a point.\n";
+    "every other file is CSV, - is standard input. A CSV text has the columns north, east and, if\n"
+    "need be, name and height, in any order, if its first line names them; without that line a "
+    "row\n"
+    "is N,E or NAME,N,E or NAME,N,E,H. Commas, semicolons or tabs separate them, the decimal sign\n"
+    "is a point.\n";
+
+const char* const kGeographicInputHelp =
+    "North is latitude and east is longitude where a model works in these, in degrees or what\n"
+    "--angles says.\n";
+
+std::string NameForMessage(const QueryPoint& point) {
+  constexpr int kDigits = 12;
+  return point.name.empty()
+             ? GeneralText(point.north, kDigits) + ',' + GeneralText(point.east, kDigits)
+             : point.name;
+}
+
+void PrintPointsWithout(const std::string& what, const std::vector<std::string>& names,
+                        std::size_t count, std::size_t shown) {
+  if (names.empty()) return;
+  std::string text = CountText(names.size(), "point") + " of " + std::to_string(count) +
+                     (names.size() == 1 ? " has" : " have") + " no " + what + ':';
+  for (std::size_t i = 0; i < std::min(names.size(), shown); ++i)
+    text += (i ? ", " : " ") + names[i];
+  PrintError(names.size() > shown ? text + ", ..." : text);
+}
 
 QueryPoint ReadPointArgument(const std::string& text) {
   std::istringstream fields(text);

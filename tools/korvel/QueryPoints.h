@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,14 @@ struct QueryPoint {
 /// @throws InputError if it names none
 QueryPoint ReadPointArgument(const std::string& text);
 
+/// Name of a point in a message: its own or "N,E".
+std::string NameForMessage(const QueryPoint& point);
+
+/// Tells on standard error which points of `count` have no `what`, unless all have.
+/// @param shown so many are named at most
+void PrintPointsWithout(const std::string& what, const std::vector<std::string>& names,
+                        std::size_t count, std::size_t shown = 20);
+
 /// Where the points of a query come from.
 struct QueryInput {
   std::vector<std::string> arguments;  ///< "N,E" or "N,E,H"
@@ -33,6 +42,9 @@ struct QueryInput {
 
 /// What the help of every verb with a `QueryInput` says of it.
 extern const char* const kQueryInputHelp;
+
+/// What the help of those adds that may work in latitude and longitude.
+extern const char* const kGeographicInputHelp;
 
 /// Adds the arguments and the option that fill `input`.
 void AddQueryInput(CLI::App& verb, QueryInput& input);

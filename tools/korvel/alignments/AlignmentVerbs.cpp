@@ -3,6 +3,8 @@
 #include "tools/korvel/VerbGroup.h"
 #include "tools/korvel/alignments/AlignInfoVerb.h"
 #include "tools/korvel/alignments/CheckVerb.h"
+#include "tools/korvel/alignments/LinePointVerb.h"
+#include "tools/korvel/alignments/LineStationVerb.h"
 #include "tools/korvel/alignments/ListVerb.h"
 
 void korvel::AddAlignmentVerbs(CLI::App& app, VerbRun& run) {
@@ -10,4 +12,6 @@ void korvel::AddAlignmentVerbs(CLI::App& app, VerbRun& run) {
   AddCheckVerb(align, run);
   AddAlignInfoVerb(align, run);
   AddListVerb(align, run);
+  AddLineStationVerb(align, run);
+  AddLinePointVerb(align, run);
 }

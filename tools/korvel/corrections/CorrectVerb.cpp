@@ -16,6 +16,7 @@
 #include "tools/korvel/LibraryMessages.h"
 #include "tools/korvel/NumberFormat.h"
 #include "tools/korvel/Printable.h"
+#include "tools/korvel/QueryPoints.h"
 #include "tools/korvel/TextTable.h"
 #include "tools/korvel/ValueRange.h"
 #include "tools/korvel/corrections/CorrectionModel.h"
@@ -159,7 +160,7 @@ int RunCorrectVerb(const CorrectOptions& options) {
   PxyCoordinateFile file(false);
   korvel::ReadCoordinateFile(options.in, file, messages);
   const Correction done = CorrectAll(options, *model, file);
-  korvel::PrintUncorrected(done.uncorrected, done.count, done.count);
+  korvel::PrintPointsWithout("correction", done.uncorrected, done.count, done.count);
   if (!done.uncorrected.empty() && !options.keepUncorrected) {
     korvel::PrintError(options.out + ": not written; --keep-uncorrected writes such points too");
     return korvel::kComputationFailed;

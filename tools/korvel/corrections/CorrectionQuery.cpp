@@ -44,13 +44,4 @@ CorrectedPoint CorrectionQuery::Correct(const QueryPoint& point) const {
           IsKnown(point.height) ? point.height + step.z : kUndefined};
 }
 
-void PrintUncorrected(const std::vector<std::string>& names, std::size_t count, std::size_t shown) {
-  if (names.empty()) return;
-  std::string text = CountText(names.size(), "point") + " of " + std::to_string(count) +
-                     (names.size() == 1 ? " has" : " have") + " no correction:";
-  for (std::size_t i = 0; i < std::min(names.size(), shown); ++i)
-    text += (i ? ", " : " ") + names[i];
-  PrintError(names.size() > shown ? text + ", ..." : text);
-}
-
 }  // namespace korvel

@@ -37,8 +37,4 @@ class CorrectionQuery {
   bool isInverse_;
 };
 
-/// Tells on standard error how many points of `count` have no correction, and the names of at most
-/// `shown` of them.
-void PrintUncorrected(const std::vector<std::string>& names, std::size_t count, std::size_t shown);
-
 }  // namespace korvel

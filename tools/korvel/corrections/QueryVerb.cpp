@@ -6,7 +6,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include "korvelfile/outside/base/NumberText.h"
 #include "korvelfile/outside/services/ProgressBar.h"
 #include "tools/korvel/AngleOption.h"
 #include "tools/korvel/InputError.h"
@@ -24,8 +23,6 @@ using korvel::ModelKind;
 using korvel::ModelUnits;
 using korvel::QueryPoint;
 
-constexpr std::size_t kNamesShown = 20;  // the rows tell all of them
-
 struct QueryOptions {
   ModelKind kind{};
   std::string model;
@@ -35,13 +32,6 @@ struct QueryOptions {
   bool inverse = false;
   bool verbose = false;
 };
-
-std::string NameForMessage(const QueryPoint& point) {
-  constexpr int kDigits = 12;
-  return point.name.empty()
-             ? GeneralText(point.north, kDigits) + ',' + GeneralText(point.east, kDigits)
-             : point.name;
-}
 
 void RequireKind(const QueryOptions& options) {
   const ModelKind kind = korvel::FindModelKind(options.model);
@@ -78,7 +68,7 @@ int RunQueryVerb(const QueryOptions& options) {
   }
   progress.End();
   writer->End();
-  korvel::PrintUncorrected(uncorrected, points.size(), kNamesShown);
+  korvel::PrintPointsWithout("correction", uncorrected, points.size());
   return uncorrected.empty() ? korvel::kDone : korvel::kComputationFailed;
 }
 
@@ -96,7 +86,7 @@ const char* Description(ModelKind kind) {
 
 std::string Footer(ModelKind kind) {
   const std::string group = korvel::ModelKindGroup(kind);
-  return std::string(korvel::kQueryInputHelp) +
+  return std::string(korvel::kQueryInputHelp) + korvel::kGeographicInputHelp +
          "\n"
          "Every point gets its row. One without a correction says why in its last column, and is\n"
          "named on standard error too.\n"
