@@ -6,6 +6,7 @@
 #include "tools/korvel/alignments/LinePointVerb.h"
 #include "tools/korvel/alignments/LineStationVerb.h"
 #include "tools/korvel/alignments/ListVerb.h"
+#include "tools/korvel/alignments/RoadPlotVerb.h"
 
 void korvel::AddAlignmentVerbs(CLI::App& app, VerbRun& run) {
   CLI::App& align = AddVerbGroup(app, "align", "check, list, station and draw roads");
@@ -14,4 +15,5 @@ void korvel::AddAlignmentVerbs(CLI::App& app, VerbRun& run) {
   AddListVerb(align, run);
   AddLineStationVerb(align, run);
   AddLinePointVerb(align, run);
+  AddRoadPlotVerb(align, run);
 }
