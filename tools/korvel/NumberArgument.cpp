@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <sstream>
 
 #include <CLI/CLI.hpp>
 
@@ -29,6 +30,17 @@ std::optional<double> ReadNumber(std::string_view text) {
   const auto [rest, error] = std::from_chars(text.data(), end, value);
   if (error != std::errc() || rest != end || !std::isfinite(value)) return {};
   return value;
+}
+
+std::optional<std::vector<double>> ReadNumbers(const std::string& text) {
+  std::istringstream fields(text);
+  std::vector<double> numbers;
+  for (std::string field; std::getline(fields, field, ',');) {
+    const std::optional<double> number = ReadNumber(field);
+    if (!number) return std::nullopt;
+    numbers.push_back(*number);
+  }
+  return numbers;
 }
 
 CLI::Validator AnyNumber() {

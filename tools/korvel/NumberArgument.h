@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace CLI {
 class Validator;
@@ -14,6 +15,9 @@ namespace korvel {
 
 /// The number that `text` is, but for white space around it; nothing if it is none, or not finite.
 std::optional<double> ReadNumber(std::string_view text);
+
+/// The numbers between the commas of `text`; nothing if one is none, or not finite.
+std::optional<std::vector<double>> ReadNumbers(const std::string& text);
 
 /// Takes all numbers.
 CLI::Validator AnyNumber();

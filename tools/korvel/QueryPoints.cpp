@@ -1,7 +1,6 @@
 #include "tools/korvel/QueryPoints.h"
 
 #include <algorithm>
-#include <sstream>
 
 #include <CLI/CLI.hpp>
 
@@ -69,14 +68,10 @@ void PrintPointsWithout(const std::string& what, const std::vector<std::string>&
 }
 
 QueryPoint ReadPointArgument(const std::string& text) {
-  std::istringstream fields(text);
-  std::vector<double> numbers;
-  for (std::string field; std::getline(fields, field, ',');)
-    numbers.push_back(ReadNumber(field).value_or(kUndefined));
-  if (numbers.size() < 2 || numbers.size() > 3 ||
-      std::any_of(numbers.begin(), numbers.end(), IsUndefined))
+  const auto numbers = ReadNumbers(text);
+  if (!numbers || numbers->size() < 2 || numbers->size() > 3)
     throw InputError(text + ": no point; a point is N,E or N,E,H");
-  return {"", numbers[0], numbers[1], numbers.size() > 2 ? numbers[2] : kUndefined};
+  return {"", (*numbers)[0], (*numbers)[1], numbers->size() > 2 ? (*numbers)[2] : kUndefined};
 }
 
 void AddQueryInput(CLI::App& verb, QueryInput& input) {

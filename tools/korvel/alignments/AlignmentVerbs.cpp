@@ -7,6 +7,9 @@
 #include "tools/korvel/alignments/LineStationVerb.h"
 #include "tools/korvel/alignments/ListVerb.h"
 #include "tools/korvel/alignments/RoadPlotVerb.h"
+#include "tools/korvel/alignments/TunnelInfoVerb.h"
+#include "tools/korvel/alignments/TunnelOffsetVerb.h"
+#include "tools/korvel/alignments/TunnelPlotVerb.h"
 
 void korvel::AddAlignmentVerbs(CLI::App& app, VerbRun& run) {
   CLI::App& align = AddVerbGroup(app, "align", "check, list, station and draw roads");
@@ -16,4 +19,8 @@ void korvel::AddAlignmentVerbs(CLI::App& app, VerbRun& run) {
   AddLineStationVerb(align, run);
   AddLinePointVerb(align, run);
   AddRoadPlotVerb(align, run);
+  CLI::App& tunnel = AddVerbGroup(app, "tunnel", "look into, ask and draw outlines of tunnels");
+  AddTunnelInfoVerb(tunnel, run);
+  AddTunnelPlotVerb(tunnel, run);
+  AddTunnelOffsetVerb(tunnel, run);
 }

@@ -3,7 +3,6 @@
 #include <cmath>
 #include <iostream>
 #include <optional>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -67,19 +66,12 @@ struct Station {
 };
 
 Station ReadArgument(const std::string& text) {
-  std::istringstream fields(text);
-  std::vector<double> numbers;
-  bool isStation = true;
-  for (std::string field; std::getline(fields, field, ',');) {
-    const auto number = korvel::ReadNumber(field);
-    isStation = isStation && number;
-    numbers.push_back(number.value_or(0.0));
-  }
-  if (!isStation || numbers.empty() || numbers.size() > 3)
+  const auto numbers = korvel::ReadNumbers(text);
+  if (!numbers || numbers->empty() || numbers->size() > 3)
     throw InputError(text + ": no station; a station is S, S,OFFSET or S,OFFSET,DH");
-  Station station{"", numbers[0], 0.0, kUndefined};
-  if (numbers.size() > 1) station.offset = numbers[1];
-  if (numbers.size() > 2) station.heightDifference = numbers[2];
+  Station station{"", numbers->front(), 0.0, kUndefined};
+  if (numbers->size() > 1) station.offset = (*numbers)[1];
+  if (numbers->size() > 2) station.heightDifference = (*numbers)[2];
   return station;
 }
 
