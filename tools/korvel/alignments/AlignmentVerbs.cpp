@@ -6,6 +6,7 @@
 #include "tools/korvel/alignments/LinePointVerb.h"
 #include "tools/korvel/alignments/LineStationVerb.h"
 #include "tools/korvel/alignments/ListVerb.h"
+#include "tools/korvel/alignments/RefineVerb.h"
 #include "tools/korvel/alignments/RoadPlotVerb.h"
 #include "tools/korvel/alignments/TunnelInfoVerb.h"
 #include "tools/korvel/alignments/TunnelOffsetVerb.h"
@@ -18,6 +19,7 @@ void korvel::AddAlignmentVerbs(CLI::App& app, VerbRun& run) {
   AddListVerb(align, run);
   AddLineStationVerb(align, run);
   AddLinePointVerb(align, run);
+  AddRefineVerb(align, run);
   AddRoadPlotVerb(align, run);
   CLI::App& tunnel = AddVerbGroup(app, "tunnel", "look into, ask and draw outlines of tunnels");
   AddTunnelInfoVerb(tunnel, run);

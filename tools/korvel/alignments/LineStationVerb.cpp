@@ -10,6 +10,7 @@
 #include "korvelfile/outside/services/ProgressBar.h"
 #include "tools/korvel/InputError.h"
 #include "tools/korvel/LibraryMessages.h"
+#include "tools/korvel/NumberFormat.h"
 #include "tools/korvel/Printable.h"
 #include "tools/korvel/QueryPoints.h"
 #include "tools/korvel/ResultWriter.h"
@@ -65,6 +66,7 @@ std::vector<korvel::ResultColumn> Columns(const Road& road) {
 }
 
 std::optional<Model::LineStation> Station(const Road& road, const QueryPoint& point) {
+  if (!korvel::IsKnown(point.north) || !korvel::IsKnown(point.east)) return std::nullopt;
   try {
     return road.line->Station({point.north, point.east, 0.0});
   } catch (const Model::LineException&) {
@@ -89,8 +91,8 @@ std::vector<ResultCell> Cells(const Road& road, const QueryPoint& point,
 std::vector<ResultCell> CellsWithoutFoot(const QueryPoint& point, std::size_t columns) {
   std::vector<ResultCell> cells(columns, kUndefined);
   cells[0] = point.name;
-  cells[1] = point.north;
-  cells[2] = point.east;
+  cells[1] = korvel::KnownOrUndefined(point.north);
+  cells[2] = korvel::KnownOrUndefined(point.east);
   cells[3] = korvel::KnownOrUndefined(point.height);
   cells.back() = "has no foot on the line";
   return cells;

@@ -100,6 +100,7 @@ void ReadFile(const std::string& path, LibraryMessages& messages,
 // A point without a foot on the road, or without a height, has no place in a section.
 SectionPoint InSection(const korvel::Road& road, const QueryPoint& point) {
   SectionPoint in{korvel::NameForMessage(point)};
+  if (!korvel::IsKnown(point.north) || !korvel::IsKnown(point.east)) return in;
   try {
     const Model::LineStation station = road.line->Station({point.north, point.east, 0.0});
     in.chainage = station.Arc;
