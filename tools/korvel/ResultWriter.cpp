@@ -70,7 +70,7 @@ class CsvWriter : public korvel::ResultWriter {
     constexpr int kDigits = 15;
     if (const auto* text = std::get_if<std::string>(&cell)) return Quoted(*text);
     const double value = std::get<double>(cell);
-    return korvel::IsKnown(value) ? GeneralText(value, kDigits) : "";
+    return korvel::IsKnown(value) ? GeneralText(value == 0.0 ? 0.0 : value, kDigits) : "";
   }
   static std::string Quoted(const std::string& text) {
     if (text.find_first_of(",;\t\"\r\n#") == std::string::npos) return text;

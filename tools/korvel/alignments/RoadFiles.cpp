@@ -17,7 +17,9 @@ using korvel::InputError;
 using korvel::LibraryMessages;
 
 template <class File>
-File Read(const std::string& path, const std::string& kind, LibraryMessages& messages) {
+File Read(const std::string& path, const std::string& extension, const std::string& kind,
+          LibraryMessages& messages) {
+  korvel::RequireExtension(path, {extension});
   korvel::RequireReadable(path);
   messages.Clear();
   File file;
@@ -43,15 +45,15 @@ std::shared_ptr<Model::IRoadLine> Build(korvel::Road& road, const std::string& p
 namespace korvel {
 
 LinFile ReadLine(const std::string& path, LibraryMessages& messages) {
-  return Read<LinFile>(path, "a line file", messages);
+  return Read<LinFile>(path, ".lin", "a line file", messages);
 }
 
 PrfFile ReadProfile(const std::string& path, LibraryMessages& messages) {
-  return Read<PrfFile>(path, "a profile", messages);
+  return Read<PrfFile>(path, ".prf", "a profile", messages);
 }
 
 SkvFile ReadCamber(const std::string& path, LibraryMessages& messages) {
-  return Read<SkvFile>(path, "a camber file", messages);
+  return Read<SkvFile>(path, ".skv", "a camber file", messages);
 }
 
 void AddRoadPaths(CLI::App& verb, RoadPaths& paths) {

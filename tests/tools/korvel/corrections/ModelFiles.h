@@ -5,36 +5,18 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "korvelfile/outside/base/NumberText.h"
 #include "korvelfile/outside/base/Types.h"
 #include "korvelfile/outside/base/Vector.h"
+#include "tests/tools/korvel/CsvText.h"
 #include "tests/tools/korvel/RunKorvel.h"
 
 /// A real grid, or what it is to answer.
 inline std::string RealGrid(const std::string& name) {
   return KORVELFILE_TEST_DATA "/grids/" + name;
-}
-
-inline std::vector<std::string> SplitAt(const std::string& text, char separator) {
-  std::vector<std::string> parts;
-  std::istringstream in(text);
-  for (std::string part; std::getline(in, part, separator);) parts.push_back(part);
-  return parts;
-}
-
-/// The numbers of a CSV text behind its first line.
-inline std::vector<std::vector<double>> CsvNumbersOf(const std::string& text) {
-  std::vector<std::vector<double>> rows;
-  for (const std::string& line : SplitAt(text, '\n')) {
-    rows.emplace_back();
-    for (const std::string& field : SplitAt(line, ',')) rows.back().push_back(ParseDouble(field));
-  }
-  rows.erase(rows.begin());
-  return rows;
 }
 
 /// A correction that changes evenly over the plane: triangles give it everywhere.
