@@ -262,15 +262,6 @@ TEST(CenterLineInterpolator, Limits) {
   }
 }
 
-TEST(CenterLineInterpolator, ALineThatGoesAcrossIsLeftAlone) {
-  const auto line = Straight();
-  Design design(*line, {{{50, -90, 0}, {50.5, -30, 5}}});
-  Settings settings;
-  settings.maxHeightDeviation = 0.0;  // everything asks for points
-  EXPECT_EQ(design.Refine(settings), Value::Complete);
-  EXPECT_EQ(design.Points(0).size(), 2U);
-}
-
 // A left break line that leaves the centre line from 10 to 20 m, falling from 2 % to 4 %; beside
 // the second line the surface runs straight across, while that line's own heights would not.
 const Lines kWidening = {{{0, -10, -0.2}, {100, -20, -0.8}},

@@ -9,6 +9,7 @@
 
 #include "korvelfile/alignments/LinFile.h"
 #include "tests/support/Files.h"
+#include "tests/support/Golden.h"
 #include "tests/support/Limits.h"
 #include "tests/support/Surroundings.h"
 
@@ -81,10 +82,7 @@ TEST_F(LinFileTest, GoldenFileReadsAndWritesByteForByteAndIsOnThePage) {
   EXPECT_EQ(file_.GetStopSection(), 1346.66667);
   EXPECT_TRUE(Check().empty());
   EXPECT_EQ(Written(), Golden());
-  std::string golden = Golden();
-  std::erase(golden, '\r');
-  EXPECT_THAT(ReadBytes(KORVELFILE_SOURCE "/docs/formats/lin.md"),
-              testing::HasSubstr("```\n" + golden + "```\n"));
+  ExpectOnPage("lin.md", Golden());
 }
 
 TEST_F(LinFileTest, CutOffAnywhere) {

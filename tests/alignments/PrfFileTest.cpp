@@ -1,6 +1,5 @@
 #include <cmath>
 #include <cstddef>
-#include <fstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -9,8 +8,8 @@
 #include <gtest/gtest.h>
 
 #include "korvelfile/alignments/PrfFile.h"
-#include "korvelfile/outside/base/NumberText.h"
 #include "tests/support/Files.h"
+#include "tests/support/Golden.h"
 #include "tests/support/Limits.h"
 #include "tests/support/Random.h"
 #include "tests/support/Surroundings.h"
@@ -97,15 +96,6 @@ double CircleSlope(const Element& a, const Element& b, const Element& p) {
   return -(p.section - s) / (p.z - z);
 }
 
-// Height of an element by the equation of its circle.
-double HeightAt(const Element& e, double section) {
-  if (e.radius == 0.0) return e.z + e.slope * (section - e.section);
-  const double root = std::hypot(1.0, e.slope);
-  const double s = e.section - e.radius * e.slope / root;
-  const double across = std::sqrt(e.radius * e.radius - (section - s) * (section - s));
-  return e.z + e.radius / root - std::copysign(across, e.radius);
-}
-
 TEST_F(PrfFileTest, GoldenFileReadsAndWritesByteForByteAndIsOnThePage) {
   ASSERT_EQ(Read(Golden()), 0);
   EXPECT_EQ(Numbers(), "G1;SAG;G2;CREST-123456;G3;END;");
@@ -118,10 +108,7 @@ TEST_F(PrfFileTest, GoldenFileReadsAndWritesByteForByteAndIsOnThePage) {
   EXPECT_EQ(Count(), 0);
   file_ = copy;
   EXPECT_EQ(Written(), Golden());
-  std::string golden = Golden();
-  std::erase(golden, '\r');
-  EXPECT_THAT(ReadBytes(KORVELFILE_SOURCE "/docs/formats/prf.md"),
-              testing::HasSubstr("```\n" + golden + "```\n"));
+  ExpectOnPage("prf.md", Golden());
 }
 
 TEST_F(PrfFileTest, CutOffAnywhere) {
@@ -169,25 +156,6 @@ TEST_F(PrfFileTest, ElementsAreInsertedOverwrittenAndAppended) {
   file_.DeleteElement(4);
   file_.DeleteElement(1);
   EXPECT_EQ(Numbers(), "a;c;d;");
-}
-
-TEST_F(PrfFileTest, RealProfilesAgreeAndGiveThePublishedHeights) {
-  for (const std::string name : {"m3_road", "clothoids"}) {
-    ASSERT_EQ(Read(ReadBytes(KORVELFILE_TEST_DATA "/alignments/" + name + ".prf")), 0);
-    EXPECT_TRUE(Check().empty()) << name;
-    std::ifstream points(KORVELFILE_TEST_DATA "/alignments/" + name + ".points.csv");
-    std::string row;
-    std::getline(points, row);
-    int element = 0;
-    while (std::getline(points, row)) {
-      const double section = ParseDouble(row);
-      while (element + 1 < Count() && Get(element + 1).section <= section) ++element;
-      if (row.back() == ',') continue;  // a point beyond the profile
-      const double height = ParseDouble(row.substr(row.rfind(',') + 1));
-      // Slopes of six digits over 250 m, and heights of four.
-      ASSERT_NEAR(HeightAt(Get(element), section), height, 4e-4) << name << ' ' << section;
-    }
-  }
 }
 
 TEST_F(PrfFileTest, SlopesAreThoseOfTheCircle) {

@@ -8,8 +8,8 @@
 #include <gtest/gtest.h>
 
 #include "korvelfile/alignments/SkvFile.h"
-#include "korvelfile/outside/base/Time.h"
 #include "tests/support/Files.h"
+#include "tests/support/Golden.h"
 #include "tests/support/Limits.h"
 #include "tests/support/Surroundings.h"
 
@@ -71,14 +71,8 @@ TEST_F(SkvFileTest, GoldenFileReadsAndWritesByteForByteAndIsOnThePage) {
   SkvFile moved(std::move(file_));
   file_ = copy;
   moved.Delete();
-  const GeoDate today = _Time::GetDateLocal();
-  std::string golden = Golden();
-  std::string dated = golden;
-  dated.replace(23, 10, SF::dformat("%04i-%02i-%02i", today.year, today.month, today.day));
-  EXPECT_EQ(Written(), dated);
-  std::erase(golden, '\r');
-  EXPECT_THAT(ReadBytes(KORVELFILE_SOURCE "/docs/formats/skv.md"),
-              testing::HasSubstr("```\n" + golden + "```\n"));
+  EXPECT_EQ(Written(), DatedToday(Golden()));
+  ExpectOnPage("skv.md", Golden());
 }
 
 TEST_F(SkvFileTest, CutOffAnywhere) {

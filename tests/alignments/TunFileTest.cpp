@@ -9,10 +9,10 @@
 
 #include "korvelfile/alignments/TunFile.h"
 #include "korvelfile/outside/base/String.h"
-#include "korvelfile/outside/base/Time.h"
 #include "korvelfile/outside/model/LineException.h"
 #include "korvelfile/outside/model/LineFactory.h"
 #include "tests/support/Files.h"
+#include "tests/support/Golden.h"
 #include "tests/support/Limits.h"
 #include "tests/support/Random.h"
 #include "tests/support/Surroundings.h"
@@ -60,14 +60,8 @@ TEST_F(TunFileTest, GoldenFileReadsAndWritesByteForByteAndIsOnThePage) {
                                                  6, 5, 0,  6, 4, 3,  5.25, 4,  3, 4, 0,  0}));
   const std::string path = folder_.Path("again.tun");
   EXPECT_EQ(file_.Save(path.c_str()), 0);
-  const GeoDate today = _Time::GetDateLocal();
-  std::string golden = Golden();
-  std::string dated = golden;
-  dated.replace(23, 10, SF::dformat("%04i-%02i-%02i", today.year, today.month, today.day));
-  EXPECT_EQ(ReadBytes(path), dated);
-  std::erase(golden, '\r');
-  EXPECT_THAT(ReadBytes(KORVELFILE_SOURCE "/docs/formats/tunnel.md"),
-              testing::HasSubstr("```\n" + golden + "```\n"));
+  EXPECT_EQ(ReadBytes(path), DatedToday(Golden()));
+  ExpectOnPage("tunnel.md", Golden());
 }
 
 TEST_F(TunFileTest, ObjectTextKeepsTheChain) {

@@ -19,6 +19,7 @@
 #include "tests/coordinates/FileContents.h"
 #include "tests/measurements/ItemText.h"
 #include "tests/support/Files.h"
+#include "tests/support/Golden.h"
 #include "tests/support/Random.h"
 #include "tests/support/Surroundings.h"
 
@@ -84,9 +85,7 @@ TEST_F(PxyCoordinateFileTest, GoldenFilesStandOnTheirPagesAndReadAndWriteByteFor
     EXPECT_THAT(messages_.Take(), testing::IsEmpty());
     EXPECT_EQ(Written(), golden);
     if (page.empty()) continue;
-    std::erase(golden, '\r');
-    EXPECT_THAT(ReadBytes(KORVELFILE_SOURCE "/docs/formats/" + page),
-                HasSubstr("```\n" + golden + "```\n"));
+    ExpectOnPage(page, golden);
   }
 }
 

@@ -14,6 +14,7 @@
 #include "korvelfile/corrections/GrdFile.h"
 #include "korvelfile/outside/base/Types.h"
 #include "tests/support/Files.h"
+#include "tests/support/Golden.h"
 
 namespace {
 
@@ -76,8 +77,7 @@ TEST_F(GrdFileTest, GoldenFilesAreMadeOfTextAndByn) {
   WriteBytes(folder_.Path("plain.txt"), Golden("plain.txt"));
   ASSERT_TRUE(grid_.ConvertText(folder_.Path("plain.txt").c_str(), 778));
   EXPECT_EQ(ReadBytes(folder_.Path("plain.grd")), Golden("plain.grd"));
-  EXPECT_THAT(ReadBytes(KORVELFILE_SOURCE "/docs/formats/grd.md"),
-              testing::HasSubstr("```\n" + Golden("plain.txt") + "```\n"));
+  ExpectOnPage("grd.md", Golden("plain.txt"));
 
   WriteBytes(folder_.Path("seconds.byn"), Golden("seconds.byn"));
   ASSERT_TRUE(grid_.ConvertCanadaBYN(folder_.Path("seconds.byn").c_str()));

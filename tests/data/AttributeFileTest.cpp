@@ -9,6 +9,7 @@
 #include "korvelfile/data/GeoAttribType.h"
 #include "korvelfile/data/TypedItemCursor.h"
 #include "tests/support/Files.h"
+#include "tests/support/Golden.h"
 #include "tests/support/Random.h"
 #include "tests/support/Surroundings.h"
 
@@ -44,10 +45,7 @@ class AttributeFileTest : public testing::Test {
 };
 
 TEST_F(AttributeFileTest, GoldenFileStandsOnItsPageAndReadsAndWritesByteForByte) {
-  std::string page = golden_;
-  std::erase(page, '\r');
-  EXPECT_THAT(ReadBytes(KORVELFILE_SOURCE "/docs/formats/atr.md"),
-              HasSubstr("```\n" + page + "```\n"));
+  ExpectOnPage("atr.md", golden_);
   ASSERT_EQ(Read(golden_), 0);
   EXPECT_THAT(messages_.Take(), testing::IsEmpty());
   const auto* type = file_.GetAttribType(file_.GetAttribContext("POINT"), "species");

@@ -11,6 +11,7 @@
 #include "korvelfile/outside/base/GeoFile.h"
 #include "korvelfile/outside/base/GeoFileTextInputStream.h"
 #include "tests/support/Files.h"
+#include "tests/support/Golden.h"
 #include "tests/support/Surroundings.h"
 
 namespace {
@@ -34,11 +35,8 @@ TEST(ObjectText, GoldenFileReadsAndWritesByteForByte) {
   EXPECT_TRUE(WriteFileHeader(file, &list, version));
   EXPECT_TRUE(WriteAttributeList(file, &list, version, 0));
   ASSERT_EQ(_FileIO::CloseFile(file), 0);
-  std::string bytes = ReadBytes(path);
-  EXPECT_EQ(bytes, ReadBytes(golden));
-  std::erase(bytes, '\r');
-  EXPECT_THAT(ReadBytes(KORVELFILE_SOURCE "/docs/formats/object-text.md"),
-              testing::HasSubstr("```\n" + bytes + "```\n"));
+  EXPECT_EQ(ReadBytes(path), ReadBytes(golden));
+  ExpectOnPage("object-text.md", ReadBytes(golden));
 }
 
 // Rows of texts and of bytes and whole numbers; these reach their ends without wrapping.

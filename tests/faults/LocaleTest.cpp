@@ -10,7 +10,6 @@
 #include <gtest/gtest.h>
 
 #include "korvelfile/coordinates/PxyCoordinateFile.h"
-#include "korvelfile/data/AttributeFile.h"
 #include "korvelfile/measurements/LevFile.h"
 #include "korvelfile/measurements/MeasurementFile.h"
 #include "korvelfile/outside/base/GeoFile.h"
@@ -71,18 +70,6 @@ TEST_P(LocaleTest, Numbers) {
   EXPECT_EQ(ParseInt("1.234"), 1);
 }
 
-TEST_P(LocaleTest, Texts) {
-  const ProcessLocale locale(GetParam());
-  EXPECT_EQ(Narrow(L"Gr\u00e4f \u20ac"),
-            "Gr\xc3\xa4"
-            "f \xe2\x82\xac");
-  EXPECT_EQ(Narrow(Widen("Gr\xe4nd")), "Gr\xe4nd");
-  EXPECT_EQ(String::QuoteString("Gr\xe4nd\x84\n"), "\"Gr\xe4nd\x84\\n\"");
-  EXPECT_FALSE(EqualNoCase("\xc4", "\xe4"));
-  EXPECT_EQ(Trim("\xa0 a"), "\xa0 a");
-  EXPECT_EQ(SF::dformat("%.3s|", "\xc3\xa4\xc3\xa4"), "\xc3\xa4\xc3|");
-}
-
 void Choose(LevFile& file, const std::string& path) { file.SetFile(Widen(path)); }
 template <class File>
 void Choose(File& file, const std::string& path) {
@@ -113,26 +100,6 @@ TEST_P(LocaleTest, GoldenFiles) {
   EXPECT_EQ(Rewritten(MeasurementFile(), plm, folder_.Path("a.plm")), ReadBytes(plm));
   const std::string lvt = KORVELFILE_GOLDEN "/lvt/job.lvt";
   EXPECT_EQ(Rewritten(LevFile(), lvt, folder_.Path("a.lvt")), ReadBytes(lvt));
-}
-
-TEST_P(LocaleTest, Headers) {
-  const std::string path = folder_.Path("new.atr");
-  _GHAL::SetIdentity({L"Gr\u00e4f", L"1.5", L"1234567", L"\u20ac", L"\xdce4"});
-  const ProcessLocale locale(GetParam());
-  AttributeFile file;
-  file.ChooseFile(path.c_str());
-  ASSERT_EQ(file.InitCollector(), 0);
-  EXPECT_EQ(ReadBytes(path),
-            "FileHeader \"KVT Object Text v1.03\",\"Tarn Attribute Definition Document\"\r\n"
-            "begin\r\n"
-            "\tFileInfo \"Application\",\"Gr\xc3\xa4"
-            "f version 1.5\"\r\n"
-            "\tFileInfo \"SerialNo\",\"1234567\"\r\n"
-            "\tFileInfo \"Author\",\"\xe2\x82\xac\"\r\n"
-            "\tFileInfo \"Company\",\"\xe4\"\r\n"
-            "\tFileInfo \"Description\",\"\"\r\n"
-            "end\r\n"
-            "GeoAttribContextList \r\n");
 }
 
 TEST_P(LocaleTest, RealFiles) {

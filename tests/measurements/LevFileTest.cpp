@@ -7,6 +7,7 @@
 #include "korvelfile/measurements/LevRecordItem.h"
 #include "korvelfile/outside/base/Text.h"
 #include "tests/support/Files.h"
+#include "tests/support/Golden.h"
 #include "tests/support/Surroundings.h"
 
 namespace {
@@ -39,10 +40,7 @@ TEST_F(LevFileTest, GoldenFileReadsAndWritesByteForByteAndIsOnThePage) {
   ASSERT_EQ(file_.SaveCollector(), 0);
   EXPECT_EQ(ReadBytes(folder_.Path("copy.LVT")), Golden());
 
-  std::string golden = Golden();
-  std::erase(golden, '\r');
-  EXPECT_THAT(ReadBytes(KORVELFILE_SOURCE "/docs/formats/lvt.md"),
-              testing::HasSubstr("```\n" + golden + "```\n"));
+  ExpectOnPage("lvt.md", Golden());
 }
 
 TEST_F(LevFileTest, CutOffAnywhereItReadsTheRowsSoFar) {

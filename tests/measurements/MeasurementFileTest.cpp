@@ -14,6 +14,7 @@
 #include "korvelfile/measurements/RecordDataItem.h"
 #include "korvelfile/measurements/StationDataItem.h"
 #include "tests/support/Files.h"
+#include "tests/support/Golden.h"
 #include "tests/support/Surroundings.h"
 
 namespace {
@@ -63,10 +64,7 @@ TEST_F(MeasurementFileTest, GoldenFileReadsAndWritesByteForByteAndIsOnThePage) {
   EXPECT_EQ(Written(), Golden());
   EXPECT_FALSE(file_.IsModified());
 
-  std::string golden = Golden();
-  std::erase(golden, '\r');
-  EXPECT_THAT(ReadBytes(KORVELFILE_SOURCE "/docs/formats/plm.md"),
-              HasSubstr("```\n" + golden + "```\n"));
+  ExpectOnPage("plm.md", Golden());
 }
 
 TEST_F(MeasurementFileTest, RealJobsReadAndWriteByteForByte) {

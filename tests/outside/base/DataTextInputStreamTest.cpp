@@ -90,13 +90,6 @@ TEST(DataTextInputStream, NumberFields) {
   }
 }
 
-TEST(DataTextInputStream, ABlankNumberIsUndefinedUnlessTold) {
-  DataTextInputStream fields("");
-  double number = 99.0;
-  fields.Stream(number);
-  EXPECT_TRUE(IsUndefined(number));
-}
-
 template <class Integer>
 Integer Read(const char* row) {
   DataTextInputStream fields(row);

@@ -26,14 +26,4 @@ TEST(DataTextOutputStream, EveryKindOfField) {
   EXPECT_EQ(whole, std::numeric_limits<int>::min());
 }
 
-TEST(DataTextOutputStream, GoesOnBehindOtherFields) {
-  std::string row = "Row 1";
-  DataTextOutputStream fields(row, 1);
-  double undefined = kUndefined;
-  fields.Stream(undefined);
-  int whole = 2;
-  fields.Stream(whole);
-  EXPECT_EQ(row, "Row 1,,2");
-}
-
 }  // namespace

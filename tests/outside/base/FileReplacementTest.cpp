@@ -43,20 +43,6 @@ TEST_F(FileReplacementTest, TheOldFileStaysUntilTheCommit) {
   EXPECT_EQ(folder_.Names(), std::set<std::string>{"job.geo"});
 }
 
-TEST_F(FileReplacementTest, BytesInPiecesOfAnySize) {
-  std::string expected;
-  FileReplacement file;
-  ASSERT_TRUE(file.Open(path_));
-  for (const std::size_t size : {std::size_t{0}, std::size_t{1}, kBufferSize - 1, kBufferSize,
-                                 kBufferSize + 1, std::size_t{7}, 3 * kBufferSize}) {
-    const std::string piece(size, static_cast<char>('a' + expected.size() % 26));
-    ASSERT_TRUE(file.Write(piece.data(), piece.size()));
-    expected += piece;
-  }
-  ASSERT_TRUE(file.Commit());
-  EXPECT_EQ(ReadBytes(path_), expected);
-}
-
 TEST_F(FileReplacementTest, WithoutACommitNothingIsLeft) {
   for (const bool exists : {false, true}) {
     if (exists) WriteBytes(path_, "old");
@@ -110,27 +96,6 @@ TEST_F(FileReplacementTest, LinksStayAndTheirTargetIsReplaced) {
   EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(folder_.Path("far/away/target.geo"))));
 }
 
-TEST_F(FileReplacementTest, ALinkToNothingMakesItsTarget) {
-  fs::create_symlink("target.geo", path_);
-  ASSERT_TRUE(Replace(path_, "new"));
-  EXPECT_TRUE(fs::is_symlink(fs::symlink_status(path_)));
-  EXPECT_EQ(ReadBytes(folder_.Path("target.geo")), "new");
-}
-
-TEST_F(FileReplacementTest, OtherNamesOfTheOldFileKeepIt) {
-  WriteBytes(path_, "old");
-  fs::create_hard_link(path_, folder_.Path("backup.geo"));
-  ASSERT_TRUE(Replace(path_, "new"));
-  EXPECT_EQ(ReadBytes(folder_.Path("backup.geo")), "old");
-}
-
-TEST_F(FileReplacementTest, TheLongestNameThereIs) {
-  const std::string path = folder_.Path(std::string(251, 'n') + ".geo");
-  ASSERT_TRUE(Replace(path, "old"));
-  ASSERT_TRUE(Replace(path, "new"));
-  EXPECT_EQ(ReadBytes(path), "new");
-}
-
 TEST_F(FileReplacementTest, WhatCannotBeWrittenFailsAtOpen) {
   WriteBytes(path_, "old");
   fs::create_symlink("loop", folder_.Path("loop"));
@@ -175,15 +140,6 @@ TEST_F(FileReplacementTest, AFailedWriteSticks) {
   EXPECT_EQ(folder_.Names(), std::set<std::string>{"job.geo"});
 }
 
-TEST_F(FileReplacementTest, ATargetThatBecameAFolderIsAFailure) {
-  FileReplacement file;
-  ASSERT_TRUE(file.Open(path_));
-  ASSERT_TRUE(file.Write("new", 3));
-  fs::create_directory(path_);
-  EXPECT_FALSE(file.Commit());
-  EXPECT_TRUE(fs::is_directory(path_));
-}
-
 TEST_F(FileReplacementTest, ADeviceIsWrittenDirectly) {
   fs::create_symlink("/dev/full", folder_.Path("full"));
   EXPECT_FALSE(Replace(folder_.Path("full"), "new"));
@@ -205,18 +161,6 @@ TEST_F(FileReplacementTest, ANamedPipeIsWrittenDirectly) {
   ASSERT_GT(count, 0);
   EXPECT_EQ(std::string_view(bytes, static_cast<std::size_t>(count)), "through the pipe");
   EXPECT_TRUE(fs::is_fifo(path_));
-}
-
-TEST_F(FileReplacementTest, ALinkToAnUnnamedPipeIsWrittenDirectly) {
-  int ends[2];
-  ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
-  fs::create_symlink("/proc/self/fd/" + std::to_string(ends[1]), path_);
-  EXPECT_TRUE(Replace(path_, "through the pipe"));
-  close(ends[1]);
-  char bytes[64];
-  const ssize_t count = read(ends[0], bytes, sizeof bytes);
-  close(ends[0]);
-  EXPECT_EQ(count, 16);
 }
 
 }  // namespace

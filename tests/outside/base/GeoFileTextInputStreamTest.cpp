@@ -65,14 +65,6 @@ TEST_F(GeoFileTextInputStreamTest, WalksLinesWithoutTheirIndentation) {
   EXPECT_EQ(in.GetLineNumber(), 5);
 }
 
-TEST_F(GeoFileTextInputStreamTest, NothingToRead) {
-  GeoFileTextInputStream closed(file_);
-  EXPECT_FALSE(closed.HasMore());
-  Open("");
-  GeoFileTextInputStream in(file_);
-  EXPECT_FALSE(in.HasMore());
-}
-
 TEST_F(GeoFileTextInputStreamTest, ACutOffFileIsReportedOnce) {
   Open("begin\nPoint\n");
   GeoFileTextInputStream in(file_);

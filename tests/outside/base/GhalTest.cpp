@@ -6,11 +6,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <pwd.h>
-#include <unistd.h>
 
 #include "korvelfile/outside/base/Ghal.h"
-#include "korvelfile/outside/base/Text.h"
 #include "tests/support/Surroundings.h"
 
 namespace {
@@ -29,29 +26,6 @@ class GhalTest : public testing::Test {
                            _GHAL::GetProductSerial(), _GHAL::GetUsername(),
                            _GHAL::GetUserCompany()};
 };
-
-// Held before any other test of this process has set an identity.
-const Korvel::Identity kDefaults{_GHAL::GetProductName(), _GHAL::GetProductVersion(),
-                                 _GHAL::GetProductSerial(), _GHAL::GetUsername(),
-                                 _GHAL::GetUserCompany()};
-
-TEST_F(GhalTest, DefaultsSayWhoRunsTheLibrary) {
-  EXPECT_EQ(kDefaults.productName, L"KorvelFile");
-  EXPECT_FALSE(kDefaults.productVersion.empty());
-  EXPECT_EQ(kDefaults.productSerial, L"");
-  const passwd* user = getpwuid(getuid());
-  EXPECT_EQ(kDefaults.userName, user ? Widen(user->pw_name) : L"");
-  EXPECT_EQ(kDefaults.userCompany, L"");
-}
-
-TEST_F(GhalTest, IdentityIsReplacedAsAWhole) {
-  _GHAL::SetIdentity({L"Product", L"2.1", L"4711", L"Gr\u00e4f", L"M\u00fcller & Co"});
-  EXPECT_EQ(_GHAL::GetProductName(), L"Product");
-  EXPECT_EQ(_GHAL::GetProductVersion(), L"2.1");
-  EXPECT_EQ(_GHAL::GetProductSerial(), L"4711");
-  EXPECT_EQ(_GHAL::GetUsername(), L"Gr\u00e4f");
-  EXPECT_EQ(_GHAL::GetUserCompany(), L"M\u00fcller & Co");
-}
 
 TEST_F(GhalTest, MessagesGoToTheSinkWithTheirLevel) {
   std::vector<std::string> texts;

@@ -89,23 +89,6 @@ TEST(PtErrMatrix, RealStations) {
   EXPECT_NEAR(crane.bearing / kRadiansPerGon, 68.446794008, 1e-8);
 }
 
-TEST(PtErrMatrix, FlatEllipseKeepsItsMinorAxis) {
-  // Turned by atan(4/3) the matrix has the axes 1 and 1e-6.
-  const double major = 1.0, minor = 1e-6;
-  const double nn = major * major * 0.36 + minor * minor * 0.64;
-  const double ee = major * major * 0.64 + minor * minor * 0.36;
-  const double ne = (major * major - minor * minor) * 0.48;
-  EXPECT_NEAR(EllipseOf(std::sqrt(nn), std::sqrt(ee), ne).b, minor, 1e-9);
-}
-
-TEST(PtErrMatrix, CircleHasNoLongerMinorAxis) {
-  for (int i = 1; i <= 1000; ++i) {
-    const Ellipse e = EllipseOf(0.001 * i, 0.001 * i, 0.0);
-    ASSERT_LE(e.b, e.a) << i;
-    ASSERT_DOUBLE_EQ(e.b, e.a) << i;
-  }
-}
-
 TEST(PtErrMatrix, NotFiniteIsUndefined) {
   constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
   constexpr double kInf = std::numeric_limits<double>::infinity();

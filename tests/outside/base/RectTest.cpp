@@ -1,6 +1,5 @@
 #include <cfloat>
 #include <limits>
-#include <random>
 
 #include <gtest/gtest.h>
 
@@ -57,34 +56,6 @@ TEST(Rect, Intersects) {
     EXPECT_EQ(rect.Intersects({c.line.GetEnd(), c.line.GetStart()}), c.expected) << c.what;
   }
   EXPECT_TRUE(Rect({5, 5}, {5, 5}).Intersects({{0, 0}, {10, 10}}));
-}
-
-// Judge: clips the segment at each border by halving, which knows nothing of sides.
-bool TouchesByHalving(const Rect& rect, const Vector& a, const Vector& b, int depth) {
-  const auto outside = [&](auto beyond) { return beyond(a) && beyond(b); };
-  if (outside([&](const Vector& v) { return v.x < rect.left; })) return false;
-  if (outside([&](const Vector& v) { return v.x > rect.right; })) return false;
-  if (outside([&](const Vector& v) { return v.y < rect.bottom; })) return false;
-  if (outside([&](const Vector& v) { return v.y > rect.top; })) return false;
-  const Vector middle = (a + b) * 0.5;
-  if (depth == 0) return true;
-  return TouchesByHalving(rect, a, middle, depth - 1) ||
-         TouchesByHalving(rect, middle, b, depth - 1);
-}
-
-TEST(Rect, IntersectsAgreesWithHalving) {
-  std::mt19937 random(31);
-  std::uniform_real_distribution<double> any(-10, 10);
-  const Rect rect({-3, -2}, {4, 5});
-  int hits = 0;
-  for (int i = 0; i < 20000; ++i) {
-    const Vector a(any(random), any(random)), b(any(random), any(random));
-    const bool expected = TouchesByHalving(rect, a, b, 40);
-    ASSERT_EQ(rect.Intersects({a, b}), expected) << i;
-    hits += expected;
-  }
-  EXPECT_GT(hits, 5000);
-  EXPECT_LT(hits, 15000);
 }
 
 }  // namespace
