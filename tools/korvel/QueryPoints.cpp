@@ -1,6 +1,8 @@
 #include "tools/korvel/QueryPoints.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 #include <CLI/CLI.hpp>
 
@@ -32,6 +34,11 @@ void ReadCoordinates(const std::string& path, korvel::LibraryMessages& messages,
   korvel::ForEachPoint(file, [&](const PointDataItem& p, const LineDataItem* line) {
     points.push_back({korvel::FullName(p, line), p.y, p.x, p.z});
   });
+}
+
+void ReadFile(const std::string& path, korvel::LibraryMessages& messages,
+              std::vector<QueryPoint>& points) {
+  korvel::IsCoordinateFile(path) ? ReadCoordinates(path, messages, points) : ReadCsv(path, points);
 }
 
 }  // namespace
@@ -74,8 +81,14 @@ QueryPoint ReadPointArgument(const std::string& text) {
   return {"", (*numbers)[0], (*numbers)[1], numbers->size() > 2 ? (*numbers)[2] : kUndefined};
 }
 
+bool NamesPointFile(const std::string& argument) {
+  std::error_code ignored;
+  return argument == "-" || (!ReadNumbers(argument) && std::filesystem::exists(argument, ignored));
+}
+
 void AddQueryInput(CLI::App& verb, QueryInput& input) {
-  verb.add_option("POINT", input.arguments, "points N,E or N,E,H")->type_name("");
+  verb.add_option("POINT", input.arguments, "points N,E or N,E,H, or files of points")
+      ->type_name("");
   verb.add_option("-p,--points", input.files, "coordinate or CSV files; - is standard input")
       ->type_name("FILE")
       ->allow_extra_args(false);
@@ -83,9 +96,14 @@ void AddQueryInput(CLI::App& verb, QueryInput& input) {
 
 std::vector<QueryPoint> ReadQueryPoints(const QueryInput& input, LibraryMessages& messages) {
   std::vector<QueryPoint> points;
-  for (const std::string& text : input.arguments) points.push_back(ReadPointArgument(text));
-  for (const std::string& path : input.files)
-    IsCoordinateFile(path) ? ReadCoordinates(path, messages, points) : ReadCsv(path, points);
+  for (const std::string& text : input.arguments) {
+    if (NamesPointFile(text)) {
+      ReadFile(text, messages, points);
+    } else {
+      points.push_back(ReadPointArgument(text));
+    }
+  }
+  for (const std::string& path : input.files) ReadFile(path, messages, points);
   if (points.empty())
     throw InputError(input.files.empty() ? "no points; give N,E or --points FILE"
                                          : "the files hold no points");

@@ -34,9 +34,12 @@ std::string NameForMessage(const QueryPoint& point);
 void PrintPointsWithout(const std::string& what, const std::vector<std::string>& names,
                         std::size_t count, std::size_t shown = 20);
 
+/// True if an argument is "-" or names a file: then points are read from there.
+bool NamesPointFile(const std::string& argument);
+
 /// Where the points of a query come from.
 struct QueryInput {
-  std::vector<std::string> arguments;  ///< "N,E" or "N,E,H"
+  std::vector<std::string> arguments;  ///< "N,E" or "N,E,H", or files as below
   std::vector<std::string> files;      ///< coordinate files, CSV files, "-" for standard input
 };
 
@@ -49,7 +52,7 @@ extern const char* const kGeographicInputHelp;
 /// Adds the arguments and the option that fill `input`.
 void AddQueryInput(CLI::App& verb, QueryInput& input);
 
-/// All points of `input`: those of the arguments first, then file by file.
+/// All points of `input` in its order: the arguments first, then the files.
 ///
 /// A point in a line is named "line.point". A point without a name gets none.
 /// @throws InputError for a point or file that can't be read, and if there is no point at all

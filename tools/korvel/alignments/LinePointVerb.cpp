@@ -100,7 +100,13 @@ void AddEvery(const Road& road, double step, std::vector<Station>& stations) {
 
 std::vector<Station> ReadStations(const LinePointOptions& options, const Road& road) {
   std::vector<Station> stations;
-  for (const std::string& text : options.arguments) stations.push_back(ReadArgument(text));
+  for (const std::string& text : options.arguments) {
+    if (korvel::NamesPointFile(text)) {
+      ReadCsv(text, stations);
+    } else {
+      stations.push_back(ReadArgument(text));
+    }
+  }
   for (const std::string& path : options.files) ReadCsv(path, stations);
   if (options.every) AddEvery(road, *options.every, stations);
   if (stations.empty()) throw InputError("no stations; give S,OFFSET or --stations FILE");
@@ -181,7 +187,7 @@ void korvel::AddLinePointVerb(CLI::App& group, VerbRun& run) {
   verb.footer(kHelp);
   LinePointOptions& options = OptionsOf(verb, run, RunLinePointVerb);
   AddRoadPaths(verb, options.road);
-  verb.add_option("STATION", options.arguments, "stations S, S,OFFSET or S,OFFSET,DH")
+  verb.add_option("STATION", options.arguments, "stations S, S,OFFSET or S,OFFSET,DH, or CSV files")
       ->type_name("");
   verb.add_option("-s,--stations", options.files, "CSV files; - is standard input")
       ->type_name("FILE")

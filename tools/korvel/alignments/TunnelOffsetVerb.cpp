@@ -121,7 +121,13 @@ std::vector<SectionPoint> ReadPoints(const TunnelOffsetOptions& options,
       points.push_back(InSection(road, point));
     return points;
   }
-  for (const std::string& text : options.input.arguments) points.push_back(ReadArgument(text));
+  for (const std::string& text : options.input.arguments) {
+    if (korvel::NamesPointFile(text)) {
+      ReadFile(text, messages, points);
+    } else {
+      points.push_back(ReadArgument(text));
+    }
+  }
   for (const std::string& path : options.input.files) ReadFile(path, messages, points);
   if (points.empty()) throw InputError("no points; give SIDE,HEIGHT, --points FILE or --by");
   return points;

@@ -66,7 +66,7 @@ TEST(GridQuery, SameRowFromEverySourceAndInEveryUnit) {
   const std::string gon = std::to_string(48.25 / 0.9) + ',' + std::to_string(8.75 / 0.9);
   const struct {
     std::string arguments, name, height;
-  } kCases[] = {{"-p " + path("plain.csv"), "", ""}, {"-p - <" + path("plain.csv"), "", ""},
+  } kCases[] = {{path("plain.csv"), "", ""},         {"- <" + path("plain.csv"), "", ""},
                 {"-p " + path("names.csv"), "", ""}, {"-p " + path("tabs.txt"), "A", ""},
                 {"-p " + path("p.geo"), "L.1", "3"}, {"48.25,8.75,3", "", "3"}};
   for (const auto& c : kCases) {
