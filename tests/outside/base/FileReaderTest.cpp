@@ -75,6 +75,21 @@ TEST_F(FileReaderTest, LineEndings) {
   }
 }
 
+TEST_F(FileReaderTest, LinesAroundTheEndOfTheBuffer) {
+  for (std::size_t before = kBufferSize - 3; before <= kBufferSize + 1; ++before) {
+    const std::string bytes = std::string(before, 'x') + "\r\nsecond\r\n";
+    WriteBytes(path_, bytes);
+    FileReader reader;
+    ASSERT_TRUE(reader.Open(path_));
+    std::string_view line;
+    ASSERT_TRUE(reader.ReadLine(line));
+    EXPECT_EQ(line.size(), before);
+    ASSERT_TRUE(reader.ReadLine(line));
+    EXPECT_EQ(line, "second") << before;
+    EXPECT_FALSE(reader.ReadLine(line));
+  }
+}
+
 TEST_F(FileReaderTest, LinesOfRandomLength) {
   PrintedRandom random(20240616);
   std::string bytes;

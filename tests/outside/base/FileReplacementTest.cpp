@@ -43,6 +43,20 @@ TEST_F(FileReplacementTest, TheOldFileStaysUntilTheCommit) {
   EXPECT_EQ(folder_.Names(), std::set<std::string>{"job.geo"});
 }
 
+TEST_F(FileReplacementTest, BytesInPiecesOfAnySize) {
+  std::string expected;
+  FileReplacement file;
+  ASSERT_TRUE(file.Open(path_));
+  for (const std::size_t size : {std::size_t{0}, std::size_t{1}, kBufferSize - 1, kBufferSize,
+                                 kBufferSize + 1, std::size_t{7}, 3 * kBufferSize}) {
+    const std::string piece(size, static_cast<char>('a' + expected.size() % 26));
+    ASSERT_TRUE(file.Write(piece.data(), piece.size()));
+    expected += piece;
+  }
+  ASSERT_TRUE(file.Commit());
+  EXPECT_EQ(ReadBytes(path_), expected);
+}
+
 TEST_F(FileReplacementTest, WithoutACommitNothingIsLeft) {
   for (const bool exists : {false, true}) {
     if (exists) WriteBytes(path_, "old");
@@ -96,6 +110,20 @@ TEST_F(FileReplacementTest, LinksStayAndTheirTargetIsReplaced) {
   EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(folder_.Path("far/away/target.geo"))));
 }
 
+TEST_F(FileReplacementTest, OtherNamesOfTheOldFileKeepIt) {
+  WriteBytes(path_, "old");
+  fs::create_hard_link(path_, folder_.Path("backup.geo"));
+  ASSERT_TRUE(Replace(path_, "new"));
+  EXPECT_EQ(ReadBytes(folder_.Path("backup.geo")), "old");
+}
+
+TEST_F(FileReplacementTest, TheLongestNameThereIs) {
+  const std::string path = folder_.Path(std::string(251, 'n') + ".geo");
+  ASSERT_TRUE(Replace(path, "old"));
+  ASSERT_TRUE(Replace(path, "new"));
+  EXPECT_EQ(ReadBytes(path), "new");
+}
+
 TEST_F(FileReplacementTest, WhatCannotBeWrittenFailsAtOpen) {
   WriteBytes(path_, "old");
   fs::create_symlink("loop", folder_.Path("loop"));
@@ -138,6 +166,15 @@ TEST_F(FileReplacementTest, AFailedWriteSticks) {
   }
   EXPECT_EQ(ReadBytes(path_), "old");
   EXPECT_EQ(folder_.Names(), std::set<std::string>{"job.geo"});
+}
+
+TEST_F(FileReplacementTest, ATargetThatBecameAFolderIsAFailure) {
+  FileReplacement file;
+  ASSERT_TRUE(file.Open(path_));
+  ASSERT_TRUE(file.Write("new", 3));
+  fs::create_directory(path_);
+  EXPECT_FALSE(file.Commit());
+  EXPECT_TRUE(fs::is_directory(path_));
 }
 
 TEST_F(FileReplacementTest, ADeviceIsWrittenDirectly) {

@@ -33,6 +33,17 @@ TEST_F(GeoFileTest, ReadALineCutsAtItsLimit) {
   EXPECT_NE(_FileIO::ReadALine(file_, buffer, sizeof buffer), 0);
 }
 
+TEST_F(GeoFileTest, ReadALineWithHardlyAnyRoom) {
+  ASSERT_EQ(OpenToRead("ab\ncd\n"), 0);
+  char buffer[2] = {'x', 'y'};
+  EXPECT_NE(_FileIO::ReadALine(file_, buffer, 0), 0);
+  ASSERT_EQ(_FileIO::ReadALine(file_, buffer, 1), 0);
+  EXPECT_EQ(buffer[0], '\0');
+  EXPECT_EQ(buffer[1], 'y');
+  ASSERT_EQ(_FileIO::ReadALine(file_, buffer, 2), 0);
+  EXPECT_STREQ(buffer, "c");
+}
+
 TEST_F(GeoFileTest, BytesUpToTheEnd) {
   ASSERT_EQ(OpenToRead("0123456789"), 0);
   EXPECT_EQ(_FileIO::FileSize(file_), 10);
@@ -60,6 +71,13 @@ TEST_F(GeoFileTest, ClosedOrWronglyOpenedFilesFail) {
   EXPECT_EQ(_FileIO::SeekFile(file_, 0), -1);
   ASSERT_EQ(OpenToRead("bytes"), 0);
   EXPECT_EQ(_FileIO::WriteFile(file_, "x"), -1);
+}
+
+TEST_F(GeoFileTest, AReadThatFailedFailsTheClose) {
+  ASSERT_EQ(_FileIO::OpenFile(file_, "/proc/self/mem", _FileIO::kRead, false), 0);
+  char byte = 0;
+  EXPECT_EQ(_FileIO::ReadFile(file_, &byte, 1), -1);
+  EXPECT_EQ(_FileIO::CloseFile(file_), -1);
 }
 
 TEST_F(GeoFileTest, FilesByPath) {
