@@ -98,6 +98,7 @@ TEST_F(CoordinateFileAdapterTest, WhatIsInsertedIsInTheFileAndOnDisk) {
 
 TEST_F(CoordinateFileAdapterTest, NewPointsReachAHeldLineWithFinish) {
   CoordinateFileAdapter adapter(file_);
+  EXPECT_EQ(file_->GetMaxX(), 9.0);
   const auto line = adapter.GetLine(1);
   line->InsertPoint(0, {50, 0, 0}, "n");
   adapter.Finish();
