@@ -22,7 +22,8 @@ constexpr double kFootRoom = 22.0;
 constexpr double kLargestStep = 110.0;  // points between chainages
 constexpr double kShare = 0.08;         // of the box, that stays free above and below the curves
 constexpr double kLeastExtent = 1e-6;
-constexpr int kLevels = 4;  // between numbers of the upright axis
+constexpr double kLeastLimitGap = 5.0;  // points between limits, on average
+constexpr int kLevels = 4;              // between numbers of the upright axis
 const TextStyle kTitleStyle{8.5, korvel::kInk, true};
 const TextStyle kNumberStyle{7.0, korvel::kFaintInk, false, TextAlign::Centre};
 const TextStyle kLevelStyle{7.0, korvel::kFaintInk, false, TextAlign::Right};
@@ -124,7 +125,9 @@ class DiagramDrawing {
     }
   }
 
+  // Limits that crowd would hide the curves.
   void DrawLimits() const {
+    if (size_.x < kLeastLimitGap * static_cast<double>(diagram_.limits.size())) return;
     for (const double limit : diagram_.limits)
       pen_.DashedLine({X(limit), corner_.y}, {X(limit), corner_.y + size_.y}, korvel::kFaintInk,
                       0.4);

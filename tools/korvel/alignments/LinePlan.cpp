@@ -58,8 +58,8 @@ class LinePlan::Drawing {
       DrawLine();
       const std::vector<Label> numbers = DrawTicks();
       const std::vector<Label> figures = DrawLimits();
-      for (const Label& label : figures) DrawLabel(label, kFigureStyle);
       for (const Label& label : numbers) DrawLabel(label, kNumberStyle);
+      for (const Label& label : figures) DrawLabel(label, kFigureStyle);
     });
     pen_.Box(map_.GetCorner(), map_.GetSize(), kFaintInk, false);
     return unlabelled_;
@@ -99,10 +99,19 @@ class LinePlan::Drawing {
     if (place && !text.empty()) labels.push_back({map_.ToPage(place->at), text});
   }
 
+  // Limits that crowd are short, so that the line shows between them.
+  double LimitHalf() const {
+    const auto [start, end] = plan_.line_.range;
+    const double onPage = (end - start) * map_.GetPointsPerMetre();
+    const auto count = static_cast<double>(plan_.line_.elements.size());
+    return std::clamp(0.4 * onPage / count, kTickHalf / 2.0, kLimitHalf);
+  }
+
   std::vector<Label> DrawLimits() {
+    const double half = LimitHalf();
     std::vector<Label> figures;
     for (const PlanElement& element : plan_.line_.elements) {
-      DrawAcross(element.arc, kLimitHalf, 0.9);
+      DrawAcross(element.arc, half, 0.9);
       AddLabel(element.arc + 0.5 * element.length, element.figure, figures);
     }
     return figures;
