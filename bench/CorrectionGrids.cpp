@@ -73,6 +73,15 @@ std::vector<float> MakeNodes() {
   return nodes;
 }
 
+// Residuals of up to 10 cm that have nothing to do with each other.
+std::vector<float> MakeRoundedNoise() {
+  std::mt19937_64 random(20260102);
+  std::vector<float> nodes(std::size_t{kLines} * kLines);
+  for (float& node : nodes)
+    node = static_cast<float>((static_cast<double>(random() % 2001) - 1000.0) / 1e4);
+  return nodes;
+}
+
 CcgFile MakeFile(const std::string& path, InterpolationTypes method,
                  const std::vector<float>& nodes, int lines) {
   CcgFile file;
@@ -287,6 +296,14 @@ int main() {
             bilinear);
     Compare("heights, 1,000,000 random points", kRandomBar, heights, scattered, floor, 0.0,
             bilinear);
+  }
+  {
+    const std::vector<float> rounded = MakeRoundedNoise();
+    const Floor rough{rounded};
+    const CcgFile noise = MakeFile(folder.Path("noise.ccg"), Bilinear, rounded, kLines);
+    usleep(100000);
+    Compare("noise in 0.1 mm, 1,000,000 random points", kRandomBar, noise, Scattered(kLines), rough,
+            0.0, [&](const Cell& cell) { return rough.BilinearValue(cell); });
   }
   const CcgFile cubic = MakeFile(folder.Path("bicubic.ccg"), Bicubic, nodes, kLines);
   usleep(100000);

@@ -21,12 +21,17 @@ namespace {
 constexpr int kRows = 75;
 constexpr int kColumns = 150;
 
-// A smooth grid with what breaks smoothness: a hole, a zero crossing, any bits, huge numbers.
+// A smooth grid, behind it noise of rounded figures, with what breaks smoothness: a hole, a zero
+// crossing, zeros of both signs, any bits, huge numbers.
 std::vector<float> MakeValues(int values) {
   std::vector<float> grid;
   PrintedRandom random(7);
-  for (int i = 0; i < kRows * kColumns * values; ++i)
+  const int count = kRows * kColumns * values;
+  for (int i = 0; i < count / 2; ++i)
     grid.push_back(0.05F * std::sin(static_cast<float>(i % 977) / 99.0F));
+  while (static_cast<int>(grid.size()) < count)
+    grid.push_back(static_cast<float>(static_cast<double>(random.Below(2001)) / 1e4 - 0.1));
+  grid.back() = -0.0F;
   for (int i = 0; i < 200; ++i) {
     const auto bits = static_cast<std::uint32_t>(random.Bits());
     grid[random.Below(grid.size())] = std::bit_cast<float>(bits);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::int64_t kValueSize = 4;
 
-constexpr int kMissesOfFirst = 2;           // where a slot is free
+constexpr int kMissesOfFirst = 2;           // where there is room whatever the block takes
 constexpr int kMissesOfOther = 16;          // where another block must go
 constexpr std::int64_t kShortWhile = 4096;  // misses
 
@@ -98,7 +98,9 @@ bool BlockCache::IsWanted(Slot& slot, std::int64_t number) {
     slot.since = misses_;
   }
   ++slot.misses;
-  return slot.misses >= (slot.number < 0 && size_ < kRoom ? kMissesOfFirst : kMissesOfOther);
+  const std::size_t largest = PackedBlock::LargestSize(layout_.values);
+  const bool isFree = slot.number < 0 && size_ + largest <= kRoom;
+  return slot.misses >= (isFree ? kMissesOfFirst : kMissesOfOther);
 }
 
 void BlockCache::MakeRoom(const Slot& keeper) {

@@ -8,16 +8,6 @@ namespace {
 constexpr std::uint32_t kSign = 0x80000000U;
 constexpr std::uint32_t kWordBits = 64;
 
-// Floats as whole numbers in the same order: neighbouring floats have neighbouring numbers.
-std::uint32_t Ordered(float value) {
-  const auto bits = std::bit_cast<std::uint32_t>(value);
-  return (bits & kSign) != 0 ? ~bits : bits | kSign;
-}
-
-float FloatOf(std::uint32_t ordered) {
-  return std::bit_cast<float>((ordered & kSign) != 0 ? ordered ^ kSign : ~ordered);
-}
-
 // Small distances of either sign become small numbers: 0, -1, 1, -2 as 0, 1, 2, 3.
 std::uint32_t Folded(std::uint32_t distance) {
   return (distance << 1U) ^ ((distance & kSign) != 0 ? ~0U : 0U);
@@ -43,17 +33,33 @@ PackedBlock::PackedBlock(const float* nodes, int values) {
   words_.shrink_to_fit();
 }
 
-void PackedBlock::Pack(const Values& values) {
-  Tile tile{CubicSurface(values), end_, 0};
-  std::array<std::uint32_t, kTile * kTile> distances;
+// Bits that the farthest of the tile's distances takes.
+std::uint32_t PackedBlock::Measure(const Values& values, Tile& tile, Distances& distances) {
   std::uint32_t all = 0;
-  for (int i = 0; i < kTile * kTile; ++i) {
-    const auto k = static_cast<std::size_t>(i);
-    const float expected = tile.surface.AlongRow(i / kTile).At(i % kTile);
-    distances[k] = Folded(Ordered(values[k]) - Ordered(expected));
-    all |= distances[k];
+  for (int row = 0; row < kTile; ++row) {
+    const CubicSurface::Profile profile = tile.surface.AlongRow(row);
+    for (int column = 0; column < kTile; ++column) {
+      const auto k = static_cast<std::size_t>(row * kTile + column);
+      const std::uint32_t expected = tile.scale.CountOf(profile.At(column));
+      distances[k] = Folded(tile.scale.CountOf(values[k]) - expected);
+      all |= distances[k];
+    }
   }
-  tile.bits = static_cast<std::uint32_t>(std::bit_width(all));
+  tile.bits = static_cast<std::uint8_t>(std::bit_width(all));
+  return tile.bits;
+}
+
+void PackedBlock::Pack(const Values& values) {
+  Tile tile{CubicSurface(values), end_, 0, {}};
+  Distances distances;
+  Measure(values, tile, distances);
+  Tile decimal = tile;
+  decimal.scale = ValueScale::DecimalsOf(values);
+  Distances steps;
+  if (decimal.scale.IsDecimal() && Measure(values, decimal, steps) < tile.bits) {
+    tile = decimal;
+    distances = steps;
+  }
   for (const std::uint32_t distance : distances) Append(distance, tile.bits);
   tiles_.push_back(tile);
 }
@@ -68,7 +74,8 @@ void PackedBlock::Append(std::uint32_t distance, std::uint32_t bits) {
 }
 
 std::uint32_t PackedBlock::Distance(const Tile& tile, int index) const {
-  const std::uint32_t bit = tile.firstBit + tile.bits * static_cast<std::uint32_t>(index);
+  const std::uint32_t bit =
+      tile.firstBit + std::uint32_t{tile.bits} * static_cast<std::uint32_t>(index);
   const std::uint32_t shift = bit % kWordBits;
   const std::uint64_t* word = &words_[bit / kWordBits];
   const std::uint64_t high = shift > kWordBits / 2 ? word[1] << (kWordBits - shift) : 0;
@@ -91,11 +98,16 @@ void PackedBlock::GetValue(int row, int column, int columns, int value, int valu
     for (; column < endInTile; ++column, nodes += values) {
       const int inTile = column % kTile;
       const std::uint32_t distance = Unfolded(Distance(tile, row * kTile + inTile));
-      *nodes = FloatOf(Ordered(profile.At(inTile)) + distance);
+      *nodes = tile.scale.ValueOf(tile.scale.CountOf(profile.At(inTile)) + distance);
     }
   }
 }
 
 std::size_t PackedBlock::GetSize() const {
   return tiles_.capacity() * sizeof(Tile) + words_.capacity() * sizeof(words_[0]);
+}
+
+std::size_t PackedBlock::LargestSize(int values) {
+  const std::size_t bytes = kNodes * sizeof(float) + kTiles * sizeof(Tile);
+  return bytes * static_cast<std::size_t>(values) + 2 * sizeof(std::uint64_t);
 }

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <span>
+
+/// A way to count floats by whole numbers and back, without loss.
+///
+/// Either all floats in their order, or the multiples of a decimal step: figures with few decimals
+/// lie millions of floats apart, but few steps.
+class ValueScale {
+ public:
+  /// Of all floats.
+  ValueScale() = default;
+
+  /// Of multiples of the coarsest step of 1 to 1e-6 that holds all `values`; of all floats if none
+  /// does.
+  static ValueScale DecimalsOf(std::span<const float> values);
+
+  bool IsDecimal() const { return decimals_ >= 0; }
+
+  /// Whole numbers in the order of the values, modulo 2^32; the same for the same bits. A value
+  /// that this doesn't hold gets some number, too.
+  std::uint32_t CountOf(float value) const { return IsDecimal() ? Steps(value) : Ordered(value); }
+
+  /// The inverse, bit for bit, for values that this holds.
+  float ValueOf(std::uint32_t count) const {
+    return IsDecimal() ? ValueOfSteps(count) : FloatOf(count);
+  }
+
+ private:
+  static constexpr std::uint32_t kSign = 0x80000000U;
+
+  explicit ValueScale(int decimals) : decimals_(static_cast<std::int8_t>(decimals)) {}
+
+  bool Holds(float value) const;
+  std::uint32_t Steps(float value) const;
+  float ValueOfSteps(std::uint32_t count) const;
+
+  // Floats as whole numbers in the same order: neighbouring floats have neighbouring numbers.
+  static std::uint32_t Ordered(float value) {
+    const auto bits = std::bit_cast<std::uint32_t>(value);
+    return (bits & kSign) != 0 ? ~bits : bits | kSign;
+  }
+  static float FloatOf(std::uint32_t ordered) {
+    return std::bit_cast<float>((ordered & kSign) != 0 ? ordered ^ kSign : ~ordered);
+  }
+
+  std::int8_t decimals_ = -1;  ///< -1 of all floats
+};
