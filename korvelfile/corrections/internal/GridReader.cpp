@@ -33,15 +33,12 @@ bool GridReader::Read(const std::string& path, const GridLayout& layout, const N
     path_ = path;
     layout_ = layout;
   }
-  if (AreBlocksValid()) {
-    if (!Holds(window)) return false;
-    if (cache_->Get(window, nodes)) return true;
-  }
+  // In this order, for opening the file looks at its state anyway.
+  if (cache_ && cache_->Get(window, nodes) && AreBlocksValid()) return Holds(window);
   return ReadFromFile(window, nodes);
 }
 
 bool GridReader::AreBlocksValid() {
-  if (!cache_) return false;
   const auto now = std::chrono::steady_clock::now();
   if (now - lastLook_ < kTrustTime) return true;
   lastLook_ = now;

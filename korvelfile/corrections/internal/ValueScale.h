@@ -1,7 +1,9 @@
 #pragma once
 
+#include <array>
 #include <bit>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -34,9 +36,22 @@ class ValueScale {
 
   explicit ValueScale(int decimals) : decimals_(static_cast<std::int8_t>(decimals)) {}
 
+  static constexpr std::array<double, 7> kPowers = {1.0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
+  static constexpr double kMostSteps = 1 << 30;
+
   bool Holds(float value) const;
-  std::uint32_t Steps(float value) const;
-  float ValueOfSteps(std::uint32_t count) const;
+
+  double Power() const { return kPowers[static_cast<std::size_t>(decimals_)]; }
+
+  // The nearest whole number; of two the farther from 0.
+  std::uint32_t Steps(float value) const {
+    const double steps = static_cast<double>(value) * Power();
+    if (!(std::fabs(steps) <= kMostSteps)) return 0;
+    return static_cast<std::uint32_t>(static_cast<std::int32_t>(steps + std::copysign(0.5, steps)));
+  }
+  float ValueOfSteps(std::uint32_t count) const {
+    return static_cast<float>(static_cast<std::int32_t>(count) / Power());
+  }
 
   // Floats as whole numbers in the same order: neighbouring floats have neighbouring numbers.
   static std::uint32_t Ordered(float value) {
