@@ -2,6 +2,7 @@
 #include <cmath>
 #include <set>
 
+#include "korvelfile/outside/base/Angles.h"
 #include "korvelfile/outside/base/Undefined.h"
 #include "tools/korvel/alignments/ElementFaults.h"
 #include "tools/korvel/alignments/Elements.h"
@@ -15,7 +16,7 @@ constexpr double kBearingLimit = 0.001;  // gon
 constexpr double kKinkLimit = 0.1;       // gon
 constexpr double kFullCircle = 400.0;    // gon
 // What length and bearing within their limits let the end of an element miss, for each metre.
-constexpr double kMissPerMetre = kBearingLimit * 3.14159265358979323846 / 200.0;
+constexpr double kMissPerMetre = kBearingLimit * kRadiansPerGon;
 
 double Folded(double gon) { return std::remainder(gon, kFullCircle); }
 
@@ -133,7 +134,7 @@ class LineCheck {
   std::vector<TLin> elements_;
   korvel::CheckedFile<LinFile> result_;
   bool hasLostChainage_ = false;  // an element before has no length
-  int lost_ = -2;                 // the last such element
+  int lost_ = -2;                 // the last such element; before any if there is none
 };
 
 }  // namespace
