@@ -38,6 +38,13 @@ class PrintedRandom {
     return text;
   }
 
+  /// `bytes` with one to four of them changed to any value.
+  std::string Mangled(std::string bytes) {
+    for (std::size_t hits = 1 + Below(4); hits > 0; --hits)
+      bytes[Below(bytes.size())] = static_cast<char>(Below(256));
+    return bytes;
+  }
+
   /// Up to `longest` bytes of any value.
   std::string Bytes(std::size_t longest) {
     std::string bytes(Below(longest + 1), '\0');
