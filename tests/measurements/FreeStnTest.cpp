@@ -17,7 +17,7 @@
 namespace {
 
 // The table of docs/computations/free-station.md; angles in gon.
-FreeStn WorkedExample() {
+TEST(FreeStn, WorkedExampleComesOutToEveryDigit) {
   constexpr struct {
     const char* name;
     Vector3d point;
@@ -38,11 +38,6 @@ FreeStn WorkedExample() {
     record.TargetHeight = 1.5;
     free.AddBacksight(station, record, row.point, 0.0);
   }
-  return free;
-}
-
-TEST(FreeStn, WorkedExampleComesOutToEveryDigit) {
-  FreeStn free = WorkedExample();
   FreeStnResult result;
   ASSERT_TRUE(free.CalcPlane(result) && free.CalcHeight(result));
   std::vector<double> values = result.PlaneResiduals;
