@@ -1,70 +1,27 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
-#include <vector>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "korvelfile/coordinates/CoordinateFileAdapter.h"
 #include "korvelfile/coordinates/PxyCoordinateFile.h"
+#include "tests/coordinates/FileContents.h"
 #include "tests/support/Files.h"
 
 namespace {
 
-using testing::ElementsAre;
-
-const char* const kGeo = R"(FileHeader "KVT Object Text v2.01",""
-begin
-end
-PointList
-begin
-Point "free",1,2,3,"","",""
-end
-LineList
-begin
-Line "first",0,""
-begin
-PointList
-begin
-Point "a",0,0,0,"","",""
-Point "b",0,9,0,"","",""
-end
-end
-Line "second",0,""
-begin
-PointList
-begin
-Point "c",5,5,5,"","",""
-end
-end
-end
-)";
-
-std::vector<std::string> Names(Korvel::ICoordinateFile& file, int line) {
-  const auto points = file.GetLine(line);
-  std::vector<std::string> names;
-  for (int i = 0; i < points->GetPointCount(); ++i)
-    names.push_back(points->GetPoint(i)->GetInformation().name);
-  return names;
-}
-
 class CoordinateFileAdapterTest : public testing::Test {
  protected:
   CoordinateFileAdapterTest() {
-    WriteBytes(folder_.Path("lines.geo"), kGeo);
-    file_ = Open();
-  }
-
-  std::shared_ptr<PxyCoordinateFile> Open() const {
-    auto file = std::make_shared<PxyCoordinateFile>(false);
-    file->ChooseFile(folder_.Path("lines.geo").c_str());
-    EXPECT_EQ(file->UseCollector(), 0);
-    return file;
+    file_->ChooseFile(path_.c_str());
+    file_->InitAndUseCollectorWithoutFuckingDisk();
+    AddOutline(*file_, "free first{a b} second{c}");
   }
 
   TempFolder folder_;
-  std::shared_ptr<PxyCoordinateFile> file_;
+  std::string path_ = folder_.Path("lines.geo");
+  std::shared_ptr<PxyCoordinateFile> file_ = std::make_shared<PxyCoordinateFile>(false);
 };
 
 TEST_F(CoordinateFileAdapterTest, WhatIsInsertedIsInTheFileAndOnDisk) {
@@ -87,23 +44,23 @@ TEST_F(CoordinateFileAdapterTest, WhatIsInsertedIsInTheFileAndOnDisk) {
   ASSERT_EQ(file_->SaveCollector(), 0);
   file_->UnUseCollector();
 
-  CoordinateFileAdapter again(Open());
-  EXPECT_EQ(again.GetLineCount(), 4);
-  EXPECT_THAT(Names(again, 0), ElementsAre("start", "a", "w", "x", "b", "end"));
-  EXPECT_THAT(Names(again, 1), ElementsAre("only"));
-  EXPECT_THAT(Names(again, 2), ElementsAre("c"));
-  EXPECT_THAT(Names(again, 3), ElementsAre());
-  EXPECT_EQ(again.GetLine(0)->GetPoint(2)->GetInformation().remark, "near");
+  const auto again = std::make_shared<PxyCoordinateFile>(false);
+  again->ChooseFile(path_.c_str());
+  ASSERT_EQ(again->UseCollector(), 0);
+  EXPECT_EQ(Outline(*again), "free first{start a w x b end} between{only} second{c} last{}");
+  CoordinateFileAdapter adapted(again);
+  EXPECT_EQ(adapted.GetLineCount(), 4);
+  EXPECT_EQ(adapted.GetLine(0)->GetPoint(2)->GetInformation().remark, "near");
 }
 
 TEST_F(CoordinateFileAdapterTest, NewPointsReachAHeldLineWithFinish) {
   CoordinateFileAdapter adapter(file_);
-  EXPECT_EQ(file_->GetMaxX(), 9.0);
+  EXPECT_EQ(file_->GetMaxX(), 0.0);
   const auto line = adapter.GetLine(1);
   line->InsertPoint(0, {50, 0, 0}, "n");
   adapter.Finish();
   EXPECT_EQ(file_->GetMaxX(), 50.0);
-  EXPECT_THAT(Names(adapter, 1), ElementsAre("n", "c"));
+  EXPECT_EQ(line->GetPoint(1)->GetInformation().name, "c");
 }
 
 TEST_F(CoordinateFileAdapterTest, ADetachedPointNoLongerChangesTheFile) {
@@ -114,7 +71,7 @@ TEST_F(CoordinateFileAdapterTest, ADetachedPointNoLongerChangesTheFile) {
   point->SetPosition({-2, 0, 0});
   point->SetName("z");
   EXPECT_EQ(point->GetInformation().position.x, -2.0);
-  EXPECT_THAT(Names(adapter, 0), ElementsAre("a", "b"));
+  EXPECT_EQ(Outline(*file_), "free first{a b} second{c}");
   EXPECT_EQ(file_->GetMinX(), -1.0);
 }
 

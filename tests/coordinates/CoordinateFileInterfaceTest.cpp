@@ -16,23 +16,19 @@
 
 namespace {
 
+constexpr const char* kAll = "A B L{1 2} L{2 3} M{1}";
+
 std::unique_ptr<PointDataItem> NewPoint(const std::string& name, double x = 0.0) {
   return std::make_unique<PointDataItem>(Vector3d(x, 2 * x, 3 * x), name, "", "", "");
 }
 
 class CoordinateFileInterfaceTest : public testing::Test {
  protected:
-  // "A" and "B" free, two lines "L" and a line "M", saved and in use.
+  // A file that is saved and in use.
   CoordinateFileInterfaceTest() {
     file_.ChooseFile(path_.c_str());
     file_.InitAndUseCollectorWithoutFuckingDisk();
-    file_.InsertPoint(NewPoint("A"));
-    file_.InsertPoint(NewPoint("B"));
-    LineDataItem* line = nullptr;
-    for (const std::string name : {"L:1", "L:2", "L:2", "L:3", "M:1"}) {
-      if (!line || line->size() == 2) line = file_.CreateLine(name.substr(0, 1), 0);
-      line->AddPoint(name.substr(2), Vector3d(), "", "", "");
-    }
+    AddOutline(file_, kAll);
     EXPECT_EQ(file_.SaveCollector(), 0);
   }
 
@@ -43,7 +39,6 @@ class CoordinateFileInterfaceTest : public testing::Test {
 };
 
 TEST_F(CoordinateFileInterfaceTest, RemovePoint) {
-  const char* const kAll = "A B L{1 2} L{2 3} M{1}";
   const struct {
     int (*remove)(CoordinateFileInterface&);
     std::string left;
