@@ -262,6 +262,23 @@ TEST(CenterLineInterpolator, Limits) {
   }
 }
 
+// Over 40 m of a sag of 10 km the chord lies 20 mm high in its middle, and 5 mm over each half.
+TEST(CenterLineInterpolator, HeightsAskForPointsFromTheirLimitOn) {
+  LineRecords straight;
+  straight.records = {{L"", {0, 0}, 0.0, 0.0, 0, 0, 40, 0}};
+  ProfileRecords sag;
+  sag.records = {{L"", 0.0, 5.0, -0.002, 10000.0, 40.0, 0, 0}};
+  const auto line = Model::BuildLine(straight, &sag);
+  const Lines chord = {{{0, 0, line->PointAt(0, 0).Z}, {40, 0, line->PointAt(40, 0).Z}}};
+  for (const auto& [limit, points] : {std::pair(0.0201, 2U), {0.0199, 3U}, {0.00499, 5U}}) {
+    Design design(*line, chord);
+    Settings settings;
+    settings.maxHeightDeviation = limit;
+    EXPECT_EQ(design.Refine(settings), Value::Complete);
+    EXPECT_EQ(design.Points(0).size(), points) << limit;
+  }
+}
+
 // A left break line that leaves the centre line from 10 to 20 m, falling from 2 % to 4 %; beside
 // the second line the surface runs straight across, while that line's own heights would not.
 const Lines kWidening = {{{0, -10, -0.2}, {100, -20, -0.8}},
