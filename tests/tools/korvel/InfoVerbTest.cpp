@@ -14,10 +14,9 @@ const std::string kCrane = JobFolder("crane_8001");
 
 TEST(InfoVerb, CountsOfEachFormat) {
   const std::string golden = KORVELFILE_GOLDEN;
-  const ProgramRun run = RunKorvel(
+  const ProgramRun run = RunWell(
       "info --json " + kCrane + "job.plm " + kCrane + "known.geo " + golden +
       "/lvt/job.lvt " KORVELFILE_TEST_DATA "/points/m3_breaklines.pxy " + golden + "/atr/job.atr");
-  ASSERT_EQ(run.status, 0) << run.error;
   const nlohmann::json files = run.Json();
   ASSERT_EQ(files.size(), 5U);
   EXPECT_EQ(files[0]["stations"], 1);

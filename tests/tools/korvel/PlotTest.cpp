@@ -1,12 +1,12 @@
 // The plot: its geometry, its names, and files of all kinds from jobs of any size.
 
 #include <cmath>
-#include <random>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "tests/support/Random.h"
 #include "tests/tools/korvel/RunKorvel.h"
 #include "tools/korvel/PlotLabels.h"
 #include "tools/korvel/PlotMap.h"
@@ -48,11 +48,10 @@ TEST(PlotLabels, NamesCoverNeitherSignsNorEachOther) {
   const Vector corner(20.0, 30.0);
   const Vector size(400.0, 300.0);
   korvel::PlotLabels labels(corner, size);
-  std::mt19937 random(7);
-  std::uniform_real_distribution<double> along(0.0, 1.0);
+  PrintedRandom random(7);
   std::vector<Vector> signs;
   for (int i = 0; i < 200; ++i)
-    signs.push_back(corner + Vector(size.x * along(random), size.y * along(random)));
+    signs.push_back(corner + Vector(random.Between(0, size.x), random.Between(0, size.y)));
   for (const Vector& sign : signs) labels.AddSign(sign, 2.0);
   const Vector name(22.0, 6.0);
   std::vector<Box> placed;
@@ -70,16 +69,7 @@ TEST(PlotLabels, NamesCoverNeitherSignsNorEachOther) {
 }
 
 TEST(Plot, FilesOfEachKind) {
-  const TempFolder folder;
-  for (const auto& [name, start] :
-       {std::pair{"p.svg", "<?xml"}, {"p.PNG", "\x89PNG"}, {"p.pdf", "%PDF"}}) {
-    const std::string path = folder.Path(name);
-    ASSERT_EQ(RunKorvel(StationOf("crane_8001") + "--plot " + path).status, 0) << name;
-    const std::string bytes = ReadBytes(path);
-    EXPECT_TRUE(bytes.starts_with(start)) << name;
-    EXPECT_GT(bytes.size(), 5000U) << name;
-  }
+  const std::string png = ExpectPlots(StationOf("crane_8001") + "--plot");
   // Width and height of the image, upright A4 with two pixels to the point.
-  const std::string header = ReadBytes(folder.Path("p.PNG")).substr(16, 8);
-  EXPECT_EQ(header, std::string("\0\0\x04\xA7\0\0\x06\x94", 8));
+  EXPECT_EQ(png.substr(16, 8), std::string("\0\0\x04\xA7\0\0\x06\x94", 8));
 }

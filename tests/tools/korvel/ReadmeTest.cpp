@@ -1,5 +1,6 @@
 // The README says what the code does.
 
+#include <regex>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -16,14 +17,8 @@ std::string Source(const std::string& path) {
 std::string Snippet(const std::string& source) {
   const std::size_t begin = source.find('\n', source.find("// README begins")) + 1;
   const std::size_t end = source.rfind('\n', source.find("// README ends")) + 1;
-  std::string code;
-  for (std::size_t at = begin; at < end;) {
-    const std::size_t next = source.find('\n', at) + 1;
-    const std::string line = source.substr(at, next - at);
-    code += line == "\n" ? line : line.substr(2);
-    at = next;
-  }
-  return code;
+  const std::regex indentation("(^|\n)  ");
+  return std::regex_replace(source.substr(begin, end - begin), indentation, "$1");
 }
 
 }  // namespace

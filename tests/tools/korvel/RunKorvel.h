@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <string>
+#include <utility>
 
 #include <nlohmann/json.hpp>
 #include <sys/wait.h>
@@ -32,6 +33,36 @@ inline ProgramRun RunProgram(const std::string& program, const std::string& argu
 
 inline ProgramRun RunKorvel(const std::string& arguments) {
   return RunProgram(KORVELFILE_KORVEL, arguments);
+}
+
+/// Runs korvel, which must do it all.
+inline ProgramRun RunWell(const std::string& arguments) {
+  ProgramRun run = RunKorvel(arguments);
+  EXPECT_EQ(run.status, 0) << arguments << '\n' << run.error;
+  return run;
+}
+
+/// Expects that korvel ends with `status` and tells of `fault`.
+inline ProgramRun ExpectFault(const std::string& arguments, const std::string& fault,
+                              int status = 2) {
+  ProgramRun run = RunKorvel(arguments);
+  EXPECT_EQ(run.status, status) << arguments << '\n' << run.error;
+  EXPECT_NE(run.error.find(fault), std::string::npos) << arguments << '\n' << run.error;
+  return run;
+}
+
+/// Expects a plot of each kind of file from these arguments with the file's name behind them.
+/// @return the bytes of the PNG file
+inline std::string ExpectPlots(const std::string& arguments) {
+  const TempFolder folder;
+  for (const auto& [name, start] :
+       {std::pair{"p.svg", "<?xml"}, {"p.PNG", "\x89PNG"}, {"p.pdf", "%PDF"}}) {
+    RunWell(arguments + ' ' + folder.Path(name));
+    const std::string bytes = ReadBytes(folder.Path(name));
+    EXPECT_TRUE(bytes.starts_with(start)) << name;
+    EXPECT_GT(bytes.size(), 5000U) << name;
+  }
+  return ReadBytes(folder.Path("p.PNG"));
 }
 
 /// The folder of a real job, with a "/" at its end.

@@ -4,6 +4,7 @@
 #include <regex>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -17,10 +18,7 @@ namespace {
 
 using Json = nlohmann::json;
 
-Json FirstStation(const ProgramRun& run) {
-  EXPECT_EQ(run.status, 0) << run.error;
-  return run.Json()["stations"][0];
-}
+Json FirstStation(const std::string& arguments) { return RunWell(arguments).Json()["stations"][0]; }
 
 // One row of object text.
 std::string Record(int type, const std::string& name, double distance, double direction,
@@ -84,9 +82,9 @@ class MadeJob {
                    points + "end\r\nLineList \r\nAttributeList \r\n");
   }
 
-  ProgramRun Run(const std::string& more) const {
-    return RunKorvel("station " + folder.Path("job.plm") + " --known " + folder.Path("known.geo") +
-                     ' ' + more);
+  std::string With(const std::string& more) const {
+    return "station " + folder.Path("job.plm") + " --known " + folder.Path("known.geo") + ' ' +
+           more;
   }
 
   TempFolder folder;
@@ -118,7 +116,7 @@ TEST(StationVerb, RealJobsGiveTheExpectedStations) {
   for (const char* job : {"niemeier_z108", "crane_8001"}) {
     SCOPED_TRACE(job);
     const Json expected = Json::parse(ReadBytes(JobFolder(job) + "expected.json"));
-    const Json s = FirstStation(RunKorvel(StationOf(job) + "--json --angles rad"));
+    const Json s = FirstStation(StationOf(job) + "--json --angles rad");
     for (const auto& c : kCases) {
       const Json& value = s[Json::json_pointer(c.given)];
       ASSERT_EQ(value.is_number(), expected.contains(c.expected)) << c.given;
@@ -141,7 +139,7 @@ TEST(StationVerb, RealJobsGiveTheExpectedStations) {
         EXPECT_NEAR(point[axis], expected["points"][std::string(point["name"])][axis], kMetre);
     if (!expected.contains("points")) continue;
     EXPECT_EQ(s["points"].size(), expected["points"].size());
-    const Json weighted = FirstStation(RunKorvel(StationOf(job) + "--json --height weighted"));
+    const Json weighted = FirstStation(StationOf(job) + "--json --height weighted");
     EXPECT_NEAR(weighted["position"]["H"], expected["H_weighted"], kMetre);
     EXPECT_NEAR(weighted["standard_errors"]["H"], expected["sH_weighted"], 1e-9);
   }
@@ -149,10 +147,10 @@ TEST(StationVerb, RealJobsGiveTheExpectedStations) {
 
 TEST(StationVerb, EverySettingReachesTheAdjustment) {
   const std::string command = StationOf("crane_8001") + "--json --height weighted ";
-  const double plain = FirstStation(RunKorvel(command))["position"]["E"];
+  const double plain = FirstStation(command)["position"]["E"];
   for (const char* flag : {"--angle-error 0.01", "--distance-error 0.05", "--distance-ppm 300",
                            "--centring-error 0", "--sets 9"}) {
-    const double changed = FirstStation(RunKorvel(command + flag))["position"]["E"];
+    const double changed = FirstStation(command + flag)["position"]["E"];
     EXPECT_GT(std::abs(changed - plain), 1e-6) << flag;
   }
 }
@@ -165,35 +163,24 @@ TEST(StationVerb, ExitStatusAndWhatIsWrong) {
   WriteBytes(path("text.geo"), "no header\r\n");
   const std::string plm = "station " + path("job.plm");
   const std::string good = plm + " --known " + path("known.geo");
-  const struct {
-    const char* what;
-    std::string arguments;
-    int status;
-    std::string error;
-  } kCases[] = {
-      {"nothing", "", 2, "required"},
-      {"version", "--version", 0, ""},
-      {"good", good, 0, ""},
-      {"no known files", plm, 2, "--known"},
-      {"unknown unit", good + " --angles grad", 2, "grad"},
-      {"decimal comma", good + " --centring-error 0,003", 2, "0,003"},
-      {"no weight", good + " --angle-error 0", 2, "--angle-error"},
-      {"no job", "station no.plm --known " + path("known.geo"), 2, "no.plm: can't be opened"},
-      {"cut job", "station " + path("cut.plm") + " --known " + path("known.geo"), 2,
-       "cut.plm:18: "},
-      {"one bad of two known", good + ' ' + path("text.geo"), 2, "text.geo:1: "},
-      {"unknown station", good + " --station X", 2, "no station X; it holds S"},
-      {"points of unknown kind", good + " --points p.txt", 2, "p.txt: unknown extension"},
-      {"points over a known file", good + " --points " + path("known.geo"), 2, "not overwritten"},
-      {"plot nowhere", good + " --plot " + path("no/p.svg"), 2, "p.svg: can't be written"},
-      {"no backsights", StationOf("fieldbook_2setups"), 1, "station 30: no record of type 7"},
+  const std::pair<std::string, std::string> kCases[] = {
+      {"", "required"},
+      {plm, "--known"},
+      {good + " --angles grad", "grad"},
+      {good + " --centring-error 0,003", "0,003"},
+      {good + " --angle-error 0", "--angle-error"},
+      {"station no.plm --known " + path("known.geo"), "no.plm: can't be opened"},
+      {"station " + path("cut.plm") + " --known " + path("known.geo"), "cut.plm:18: "},
+      {good + ' ' + path("text.geo"), "text.geo:1: "},
+      {good + " --station X", "no station X; it holds S"},
+      {good + " --points p.txt", "p.txt: unknown extension"},
+      {good + " --points " + path("known.geo"), "not overwritten"},
+      {good + " --plot " + path("no/p.svg"), "p.svg: can't be written"},
   };
-  for (const auto& c : kCases) {
-    const ProgramRun run = RunKorvel(c.arguments);
-    EXPECT_EQ(run.status, c.status) << c.what << '\n' << run.error;
-    EXPECT_NE(run.error.find(c.error), std::string::npos) << c.what << '\n' << run.error;
-    EXPECT_EQ(run.error.find("Read collector"), std::string::npos) << c.what;
-  }
+  for (const auto& [arguments, fault] : kCases) ExpectFault(arguments, fault);
+  ExpectFault(StationOf("fieldbook_2setups"), "station 30: no record of type 7", 1);
+  RunWell("--version");
+  EXPECT_EQ(RunWell(good).error.find("Read collector"), std::string::npos);
   EXPECT_EQ(ReadBytes(path("job.plm")), whole);
 }
 
@@ -203,7 +190,7 @@ TEST(StationVerb, WhatIsLeftOutAndWhy) {
                                          Record(7, "flat", 10, 1) + Record(8, "far", 0, 1) +
                                          Sight(8, {"new", 400, 500})));
   job.WriteKnown("more.geo", "\tPoint \"flat\",,,5,\"\",\"\",\"\"\r\n");
-  const Json s = FirstStation(job.Run(job.folder.Path("more.geo") + " --json"));
+  const Json s = FirstStation(job.With(job.folder.Path("more.geo") + " --json"));
   EXPECT_EQ(s["backsights"].size(), 4U);
   std::string leftOut;
   for (const Json& left : s["left_out"])
@@ -221,20 +208,20 @@ TEST(StationVerb, WhatIsLeftOutAndWhy) {
 
 TEST(StationVerb, OtherStationsAreDoneWhereOneFails) {
   const MadeJob job(StationText("few", Sight(7, kKnown[0])) + StationText("S", kFourSights));
-  const ProgramRun all = job.Run("--json");
+  const ProgramRun all = RunKorvel(job.With("--json"));
   EXPECT_EQ(all.status, 1);
   EXPECT_NE(all.error.find("station few: too few usable backsights"), std::string::npos);
   ASSERT_EQ(all.Json()["stations"].size(), 2U);
   EXPECT_EQ(all.Json()["stations"][0]["computed"], false);
   EXPECT_EQ(all.Json()["stations"][1]["computed"], true);
-  EXPECT_EQ(FirstStation(job.Run("--json --station S"))["name"], "S");
+  EXPECT_EQ(FirstStation(job.With("--json --station S"))["name"], "S");
 }
 
 TEST(StationVerb, LeaveOneOutShowsABlunder) {
   std::string records;
   for (const Place& p : kKnown) records += Sight(7, p, "", p.name == std::string("C") ? 0.05 : 0.0);
   const MadeJob job(StationText("S", records));
-  const Json s = FirstStation(job.Run("--json --leave-one-out"));
+  const Json s = FirstStation(job.With("--json --leave-one-out"));
   EXPECT_GT(s["unit_weight_deviation"], 2.0);
   ASSERT_EQ(s["leave_one_out"].size(), 4U);
   for (const Json& row : s["leave_one_out"])
@@ -253,7 +240,7 @@ TEST(StationVerb, PointsFileHoldsStationsPointsAndLines) {
                            Sight(8, {"n4", 7, 8})));
   for (const char* name : {"p.geo", "p.pxy"}) {
     SCOPED_TRACE(name);
-    ASSERT_EQ(job.Run("--points " + job.folder.Path(name)).status, 0);
+    RunWell(job.With("--points " + job.folder.Path(name)));
     const CoordinateFilesMap map({job.folder.Path(name)}, L"");
     EXPECT_EQ(map.GetPointList(), (std::vector<std::string>{"S", "n1", "n4", "L.n2", "L.n3"}));
     PointInfo point;
@@ -267,9 +254,9 @@ TEST(StationVerb, PointsFileHoldsStationsPointsAndLines) {
 // Bytes that are no UTF-8, and control characters, reach neither JSON, report nor plot.
 TEST(StationVerb, ForeignBytesInNames) {
   const MadeJob job(StationText("S\xFC\x1B[2J", kFourSights + Sight(8, {"\xE9t\xE9", 1, 2})));
-  const ProgramRun json = job.Run("--json --plot " + job.folder.Path("p.png"));
-  EXPECT_EQ(FirstStation(json)["points"][0]["name"], "\u00E9t\u00E9");
-  const ProgramRun report = job.Run("");
+  const Json s = FirstStation(job.With("--json --plot " + job.folder.Path("p.png")));
+  EXPECT_EQ(s["points"][0]["name"], "\u00E9t\u00E9");
+  const ProgramRun report = RunWell(job.With(""));
   EXPECT_NE(report.out.find("Station S\u00FC?[2J"), std::string::npos);
 }
 

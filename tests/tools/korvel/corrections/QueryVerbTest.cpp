@@ -1,6 +1,8 @@
 // The verbs that ask models, on real grids and on points from everywhere.
 
+#include <cmath>
 #include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -13,10 +15,7 @@ using Json = nlohmann::json;
 
 const std::string kShift = RealGrid("germany_shift.ccg");
 
-Json PointsOf(const ProgramRun& run) {
-  EXPECT_EQ(run.status, 0) << run.error;
-  return run.Json()["points"];
-}
+Json PointsOf(const std::string& arguments) { return RunWell(arguments).Json()["points"]; }
 
 }  // namespace
 
@@ -26,7 +25,7 @@ TEST(GridQuery, ShiftGridAnswersAsAnIndependentProgram) {
   const double tolerance = 1e-10 / kRadiansPerDegree;
   const std::string given = RealGrid("germany_shift.values.csv");
   const auto expected = CsvNumbersOf(ReadBytes(given));
-  const Json forward = PointsOf(RunKorvel("grid query " + kShift + " --json -p " + given));
+  const Json forward = PointsOf("grid query " + kShift + " --json -p " + given);
   ASSERT_EQ(forward.size(), expected.size());
   std::string shifted = "lon;lat\n";
   for (std::size_t i = 0; i < expected.size(); ++i) {
@@ -39,8 +38,8 @@ TEST(GridQuery, ShiftGridAnswersAsAnIndependentProgram) {
     shifted += GeneralText(e[4], 17) + ';' + GeneralText(e[5], 17) + '\n';
   }
   WriteBytes(folder.Path("shifted.csv"), shifted);
-  const Json back = PointsOf(
-      RunKorvel("grid query " + kShift + " --json --inverse -p " + folder.Path("shifted.csv")));
+  const Json back =
+      PointsOf("grid query " + kShift + " --json --inverse -p " + folder.Path("shifted.csv"));
   for (std::size_t i = 0; i < expected.size(); ++i) {
     EXPECT_NEAR(back[i]["original_east"], expected[i][0], tolerance) << i;
     EXPECT_NEAR(back[i]["original_north"], expected[i][1], tolerance) << i;
@@ -76,87 +75,70 @@ TEST(GridQuery, SameRowFromEverySourceAndInEveryUnit) {
     EXPECT_EQ(run.out, SplitAt(first.out, '\n').at(0) + '\n' + expected + '\n')
         << c.arguments << run.error;
   }
-  const Json inGon = PointsOf(RunKorvel("grid query " + kShift + " --json --angles gon " + gon));
-  const Json inDegrees = PointsOf(RunKorvel("grid query " + kShift + " --json 48.25,8.75"));
+  const Json inGon = PointsOf("grid query " + kShift + " --json --angles gon " + gon);
+  const Json inDegrees = PointsOf("grid query " + kShift + " --json 48.25,8.75");
   EXPECT_NEAR(inGon[0]["d_north"].get<double>() * 0.9, inDegrees[0]["d_north"], 1e-9);
 }
 
 TEST(GridQuery, NoPointIsDropped) {
-  const ProgramRun run = RunKorvel("grid query " + kShift + " 48,8 10,10 47,5.5 -33.5,151");
-  EXPECT_EQ(run.status, 1);
+  const ProgramRun run = ExpectFault("grid query " + kShift + " 48,8 10,10 47,5.5 -33.5,151",
+                                     "2 points of 4 have no correction: 10,10, -33.5,151", 1);
   const auto rows = SplitAt(run.out, '\n');
   ASSERT_EQ(rows.size(), 5U) << run.out;
   EXPECT_TRUE(rows[2].ends_with("  outside")) << run.out;
   EXPECT_TRUE(rows[4].ends_with("  outside")) << run.out;
-  EXPECT_NE(run.error.find("2 points of 4 have no correction: 10,10, -33.5,151"), std::string::npos)
-      << run.error;
 }
 
 TEST(GridQuery, WhatIsWrong) {
   const TempFolder folder;
-  const auto csv = [&](const std::string& text) {
-    WriteBytes(folder.Path("p.csv"), text);
-    return "-p " + folder.Path("p.csv");
+  auto csv = [&, count = 0](const std::string& text) mutable {
+    const std::string path = folder.Path(std::to_string(++count) + ".csv");
+    WriteBytes(path, text);
+    return kShift + " -p " + path;
   };
-  WriteNetwork(folder.Path("n.tri"));
-  const struct {
-    std::string arguments, text, error;
-  } kCases[] = {
-      {"", "48,8\n\n1,x\n", "p.csv:3: east: x is no number"},
-      {"", "48,8\nA,1,2,3,4\n", "p.csv:2: 5 fields; there must be 2 to 4"},
-      {"", "name,north\nA,2\n", "p.csv:1: the header names no column east"},
-      {"", "north,east\n,2\n", "p.csv:2: no north"},
-      {"", "# nothing\n", "hold no points"},
-      {kShift, "", "give N,E or --points"},
-      {kShift + " 48", "", "48: no point"},
-      {kShift + " 48,8,1,1", "", "no point"},
-      {kShift + " -p no.csv", "", "no.csv: can't be opened"},
-      {"no.ccg 1,1", "", "no.ccg: can't be opened"},
-      {folder.Path("n.tri") + " 1,1", "", "ask it by korvel triad query"},
-      {RealGrid("canada.byn") + " 1,1", "", "canada.byn: is no correction grid"},
+  const std::pair<std::string, std::string> kCases[] = {
+      {csv("48,8\n\n1,x\n"), ".csv:3: east: x is no number"},
+      {csv("48,8\nA,1,2,3,4\n"), ".csv:2: 5 fields; there must be 2 to 4"},
+      {csv("name,north\nA,2\n"), ".csv:1: the header names no column east"},
+      {csv("north,east\n,2\n"), ".csv:2: no north"},
+      {csv("# nothing\n"), "hold no points"},
+      {kShift, "give N,E or --points"},
+      {kShift + " 48", "48: no point"},
+      {kShift + " 48,8,1,1", "no point"},
+      {kShift + " -p no.csv", "no.csv: can't be opened"},
+      {"no.ccg 1,1", "no.ccg: can't be opened"},
+      {kNetwork + " 1,1", "ask it by korvel triad query"},
+      {RealGrid("canada.byn") + " 1,1", "canada.byn: is no correction grid"},
   };
-  for (const auto& c : kCases) {
-    const ProgramRun run =
-        RunKorvel("grid query " + (c.arguments.empty() ? kShift + ' ' + csv(c.text) : c.arguments));
-    EXPECT_EQ(run.status, 2) << c.error;
-    EXPECT_NE(run.error.find(c.error), std::string::npos) << run.error;
-    EXPECT_EQ(run.out, "") << c.error;
-  }
+  for (const auto& [arguments, fault] : kCases)
+    EXPECT_EQ(ExpectFault("grid query " + arguments, fault).out, "") << fault;
 }
 
-TEST(TriadVerbs, CorrectionsOfAnEvenNetwork) {
-  const TempFolder folder;
-  const std::string network = folder.Path("n.tri");
-  WriteNetwork(network);
-  const Json info = RunKorvel("triad info --json " + network).Json()[0];
-  EXPECT_EQ(info["triangles"], 8);
-  EXPECT_EQ(info["rim_edges"], 8);
-  const Json point = PointsOf(RunKorvel("triad query --json " + network + " 70,130"))[0];
-  const Vector expected = EvenCorrection(70, 130);
-  EXPECT_NEAR(point["d_north"], expected.x, 1e-7);
-  EXPECT_NEAR(point["d_east"], expected.y, 1e-7);
-  const std::string corrected =
-      point["corrected_north"].dump() + ',' + point["corrected_east"].dump();
-  const Json back = PointsOf(RunKorvel("triad query --json -i " + network + ' ' + corrected))[0];
-  EXPECT_NEAR(back["original_north"], 70.0, 1e-6);
-  EXPECT_NEAR(back["original_east"], 130.0, 1e-6);
+TEST(TriadVerbs, CorrectionsOfANetwork) {
+  const Json info = RunWell("triad info --json " + kNetwork).Json()[0];
+  EXPECT_EQ(info["triangles"], 4);
+  EXPECT_EQ(info["rim_edges"], 4);
+  const Json point = PointsOf("triad query --json " + kNetwork + " 6580200,480500")[0];
+  EXPECT_NEAR(point["d_north"], 0.19375, 1e-7);
+  EXPECT_NEAR(point["d_east"], -0.3375, 1e-7);
+  const Json back = PointsOf("triad query --json -i " + kNetwork + " 6580200.19375,480499.6625")[0];
+  EXPECT_NEAR(back["original_north"], 6580200.0, 1e-4);
+  EXPECT_NEAR(back["original_east"], 480500.0, 1e-4);
 }
 
-// Along 50 gon the section through (70, 130) runs from (0, 60) to (140, 200).
+// Along 50 gon, from rim to rim across the four edges of the middle.
 TEST(TriadVerbs, SectionRunsAlongItsAzimuth) {
-  const TempFolder folder;
-  const std::string network = folder.Path("n.tri");
-  WriteNetwork(network);
-  const ProgramRun run = RunKorvel("triad section --csv " + network + " 70,130 --azimuth 50");
-  const auto rows = CsvNumbersOf(run.out);
-  ASSERT_EQ(rows.size(), 7U) << run.out << run.error;
-  EXPECT_NEAR(rows.front()[0], -70 * std::sqrt(2.0), 1e-6);
-  EXPECT_NEAR(rows.back()[0], 70 * std::sqrt(2.0), 1e-6);
-  for (const auto& row : rows) {
-    EXPECT_NEAR(row[1], 70 + row[0] / std::sqrt(2.0), 1e-6);
-    EXPECT_NEAR(row[2], 130 + row[0] / std::sqrt(2.0), 1e-6);
-    EXPECT_NEAR(row[3], EvenCorrection(row[1], row[2]).x, 1e-6);
-    EXPECT_NEAR(row[4], EvenCorrection(row[1], row[2]).y, 1e-6);
+  const std::string section = "triad section --csv " + kNetwork + " --azimuth 50 ";
+  const auto rows = CsvNumbersOf(RunWell(section + "6580100,480150").out);
+  const double expected[][4] = {{0, 50, 0.13125, -0.2625}, {200, 250, 0.1625, -0.275}};
+  ASSERT_EQ(rows.size(), 5U);
+  for (std::size_t i = 0; i < 2; ++i) {
+    const auto& [north, east, dNorth, dEast] = expected[i];
+    EXPECT_NEAR(rows[i][0], (north - 100) * std::sqrt(2.0), 1e-6);
+    EXPECT_NEAR(rows[i][1], 6580000 + north, 1e-6);
+    EXPECT_NEAR(rows[i][2], 480000 + east, 1e-6);
+    EXPECT_NEAR(rows[i][3], dNorth, 1e-7);
+    EXPECT_NEAR(rows[i][4], dEast, 1e-7);
   }
-  EXPECT_EQ(RunKorvel("triad section " + network + " 70,230 --azimuth 50").status, 1);
+  ExpectFault(section + "6580100,481150", "", 1);
 }
