@@ -1,58 +1,35 @@
 #include <string>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "korvelfile/measurements/LevFile.h"
 #include "korvelfile/measurements/LevRecordItem.h"
 #include "korvelfile/outside/base/Text.h"
-#include "tests/support/Files.h"
-#include "tests/support/Golden.h"
-#include "tests/support/Surroundings.h"
+#include "tests/support/ItemFileTest.h"
 
 namespace {
 
-class LevFileTest : public testing::Test {
- protected:
-  int Read(const std::string& bytes) {
-    WriteBytes(path_, bytes);
-    file_.SetFile(Widen(path_));
-    return file_.UseCollector();
-  }
+struct LevFileTest : ItemFileTest<LevFile> {
+  LevFileTest() : ItemFileTest("job.LVT") {}
 
-  TempFolder folder_;
-  std::string path_ = folder_.Path("job.lvt");
-  LevFile file_;
-  CaughtMessages messages_;
+  const std::string golden_ = ReadBytes(KORVELFILE_GOLDEN "/lvt/job.lvt");
 };
 
-const std::string& Golden() {
-  static const std::string bytes = ReadBytes(KORVELFILE_GOLDEN "/lvt/job.lvt");
-  return bytes;
-}
-
 TEST_F(LevFileTest, GoldenFileReadsAndWritesByteForByteAndIsOnThePage) {
-  ASSERT_EQ(Read(Golden()), 0);
+  ExpectGolden(golden_, "lvt.md");
   ASSERT_EQ(file_.GetNumberOfItems(), 4);
   EXPECT_EQ(dynamic_cast<const LevRecordItem&>(file_[1]).GetHeight(), 103.096);
-  file_.SetFile(Widen(folder_.Path("copy.LVT")));
-  file_.FlagDirty();
-  ASSERT_EQ(file_.SaveCollector(), 0);
-  EXPECT_EQ(ReadBytes(folder_.Path("copy.LVT")), Golden());
-
-  ExpectOnPage("lvt.md", Golden());
 }
 
 TEST_F(LevFileTest, CutOffAnywhereItReadsTheRowsSoFar) {
-  for (std::size_t size = 0; size < Golden().size(); ++size) {
-    ASSERT_EQ(Read(Golden().substr(0, size)), 0) << size;
+  for (std::size_t size = 0; size < golden_.size(); ++size) {
+    ASSERT_EQ(Read(golden_.substr(0, size)), 0) << size;
     EXPECT_LE(file_.GetNumberOfItems(), 4) << size;
-    file_.UnUseCollector();
   }
 }
 
 TEST_F(LevFileTest, Failures) {
-  ASSERT_EQ(Read(Golden()), 0);
+  ASSERT_EQ(Read(golden_), 0);
   for (const char* name : {"job.lvtx", "lvt", "x.lvt/job"}) {
     file_.SetFile(Widen(folder_.Path(name)));
     EXPECT_EQ(file_.AutoSave(), -9) << name;

@@ -3,10 +3,12 @@
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
 #include <string>
 
 #include <gtest/gtest.h>
 
+#include "korvelfile/outside/base/Text.h"
 #include "tests/support/Files.h"
 #include "tests/support/Golden.h"
 #include "tests/support/Random.h"
@@ -28,13 +30,17 @@ class ItemFileTest : public testing::Test {
   int Read(const std::string& bytes, File& file) {
     file.UnUseCollector();
     WriteBytes(path_, bytes);
-    file.ChooseFile(path_.c_str());
+    if constexpr (requires { file.ChooseFile(path_.c_str()); })
+      file.ChooseFile(path_.c_str());
+    else
+      file.SetFile(Widen(path_));
     return file.UseCollector();
   }
   int Read(const std::string& bytes) { return Read(bytes, file_); }
 
   /// What a file that was just read becomes when it is written.
   std::string Written() {
+    std::filesystem::remove(path_);
     EXPECT_EQ(file_.AutoSave(), 0);
     return ReadBytes(path_);
   }
