@@ -38,6 +38,11 @@ TEST(Angles, NormalizeAngle) {
   EXPECT_TRUE(std::isnan(NormalizeAngle(1.0, 0.0, 0.0)));
 }
 
+TEST(Angles, NormalizeVAngle) {
+  EXPECT_EQ(NormalizeVAngle(kPi), kPi);
+  EXPECT_DOUBLE_EQ(NormalizeVAngle(kTwoPi - 1.5), 1.5);
+}
+
 TEST(Angles, MathematicalAngleAndAzimuthOfTheSameRay) {
   constexpr struct {
     double east, north, azimuth;
