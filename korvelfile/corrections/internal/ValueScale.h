@@ -36,21 +36,23 @@ class ValueScale {
 
   explicit ValueScale(int decimals) : decimals_(static_cast<std::int8_t>(decimals)) {}
 
+  // Multiplying is faster than dividing; what that rounds otherwise isn't held.
+  static constexpr std::array<double, 7> kSteps = {1.0, 1e-1, 1e-2, 1e-3, 1e-4, 1e-5, 1e-6};
   static constexpr std::array<double, 7> kPowers = {1.0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
   static constexpr double kMostSteps = 1 << 30;
 
   bool Holds(float value) const;
 
-  double Power() const { return kPowers[static_cast<std::size_t>(decimals_)]; }
+  std::size_t Index() const { return static_cast<std::size_t>(decimals_); }
 
   // The nearest whole number; of two the farther from 0.
   std::uint32_t Steps(float value) const {
-    const double steps = static_cast<double>(value) * Power();
+    const double steps = static_cast<double>(value) * kPowers[Index()];
     if (!(std::fabs(steps) <= kMostSteps)) return 0;
     return static_cast<std::uint32_t>(static_cast<std::int32_t>(steps + std::copysign(0.5, steps)));
   }
   float ValueOfSteps(std::uint32_t count) const {
-    return static_cast<float>(static_cast<std::int32_t>(count) / Power());
+    return static_cast<float>(static_cast<std::int32_t>(count) * kSteps[Index()]);
   }
 
   // Floats as whole numbers in the same order: neighbouring floats have neighbouring numbers.
