@@ -1,6 +1,7 @@
 // Writing of correction grids: files are created, updated in place and widened.
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <fstream>
@@ -99,6 +100,7 @@ GeoStatus CcgFile::Update(const CcgInputGrid& grid) {
 }
 
 GeoStatus CcgFile::Expand(const CcgInputGrid& grid) {
+  if (!std::isfinite(grid.northMax) || !std::isfinite(grid.eastMin)) return GeoFileError;
   CcgFileInfo widened = info_;
   if (!widened.ExpandHeaderWith(grid)) return GeoGridMismatch;
   if (!HasPositions(widened) || !HoldsItsNodes(info_) || !IsInProportion(widened, info_, grid)) {

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstring>
 #include <string>
+#include <string_view>
 
 #include "korvelfile/corrections/GrdFile.h"
 #include "korvelfile/corrections/internal/BynHeader.h"
@@ -27,8 +28,11 @@ bool ReadBynHeader(GeoFile& file, const char* path, BynHeader::Bytes& bytes) {
          _FileIO::ReadFile(file, bytes.data(), bytes.size()) == 0;
 }
 
+// A dot at the end of a name begins an extension, if an empty one.
 std::string TargetOf(const char* source) {
-  Korvel::FilePathT path(source);
+  std::string_view name(source);
+  if (name.ends_with('.')) name.remove_suffix(1);
+  Korvel::FilePathT path{std::string(name)};
   path.SetExtension("grd");
   return path.GetFullpath();
 }

@@ -1,3 +1,4 @@
+#include <cmath>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -110,13 +111,14 @@ TEST_F(CcgFileTest, NewNodesWinAndTheOldOnesStay) {
 }
 
 TEST_F(CcgFileTest, WhatDoesNotFitLeavesTheFileAlone) {
-  std::vector<CcgInputGrid> grids(6, Heights(11, 0, {"22", "22"}));
+  std::vector<CcgInputGrid> grids(7, Heights(11, 0, {"22", "22"}));
   grids[0].eastSpacing = 0.5;
   grids[1].correctionType = CorrectionLatLongZ;
   grids[2].heightInterpolation = Bicubic;
   grids[3].residuals.pop_back();
   grids[4].northMax = 1e9;  // beyond 2 GiB
   grids[5].northMax = 1e7;  // nearly empty
+  grids[6].eastMin = std::nan("");
   std::string before = Created(Heights(10, 0, {"11", "11"}));
   for (std::size_t i = 0; i < grids.size(); ++i) {
     EXPECT_EQ(file_.CreateOrUpdateFile(grids[i]), i < 3 ? GeoGridMismatch : GeoFileError) << i;
